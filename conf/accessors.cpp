@@ -1,21 +1,50 @@
-/* placeholder bodies, replaced as the family is built */
-#include "bbconf.h"
+/* accessors.cpp - whole-block accessors of the video and night-rule
+ * blocks: plain byte copies between a caller's local structure and its
+ * region of the terminal record, with no check or conversion of fields. */
+#include <stddef.h>
+#include <string.h>
 
-int CMN_SetGeneralAVEncParam(tagBB_CONF_ST*, tagAV_ENC_PARAM_ST*) { return 0; }
-int CMN_GetGeneralAVEncParam(tagBB_CONF_ST*, tagAV_ENC_PARAM_ST*) { return 0; }
-int CMN_SetAVChLookUpList(tagBB_CONF_ST*, tagAV_CHANEL_LOOK_UP_ST*) { return 0; }
-int CMN_GetAVChLookUpList(tagBB_CONF_ST*, tagAV_CHANEL_LOOK_UP_ST*) { return 0; }
-int CMN_SetAVIndSetting(tagBB_CONF_ST*, tagAV_INDIVIDUAL_SETTING_ST*) { return 0; }
-int CMN_GetAVIndSetting(tagBB_CONF_ST*, tagAV_INDIVIDUAL_SETTING_ST*) { return 0; }
-int CMN_SetSpecialAlarmParam(tagBB_CONF_ST*, tagSPECIAL_ALARM_REC_PARAM_ST*) { return 0; }
-int CMN_GetSpecialAlarmParam(tagBB_CONF_ST*, tagSPECIAL_ALARM_REC_PARAM_ST*) { return 0; }
-int CMN_SetVideoAlnalyseParam(tagBB_CONF_ST*, tagVIDEO_ANALYSE_PARAM_ST*) { return 0; }
-int CMN_GetVideoAlnalyseParam(tagBB_CONF_ST*, tagVIDEO_ANALYSE_PARAM_ST*) { return 0; }
-int CMN_SetWakeUpModeParam(tagBB_CONF_ST*, tagWAKEUP_MODE_PARAM_ST*) { return 0; }
-int CMN_GetWakeUpModeParam(tagBB_CONF_ST*, tagWAKEUP_MODE_PARAM_ST*) { return 0; }
-int CMN_SetNightSpeedLmt(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_SPEED_ST*) { return 0; }
-int CMN_GetNightSpeedLmt(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_SPEED_ST*) { return 0; }
-int CMN_SetNightAbnormalMove(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_MOVE_ST*) { return 0; }
-int CMN_GetNightAbnormalMove(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_MOVE_ST*) { return 0; }
-int CMN_SetNightTiredSetting(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_TIRED_ST*) { return 0; }
-int CMN_GetNightTiredSetting(tagBB_CONF_ST*, tagBB_PARAM_NIGHT_TIRED_ST*) { return 0; }
+#include "bbconf.h"
+#include "common/byteorder.h"
+#include "common/log.h"
+
+/* Defines the Set/Get pair of one block.  The block pointer is checked
+ * first, under the parameter's own name, then the record pointer; the
+ * record offset pins the region so that a layout change cannot silently
+ * move it. */
+#define BB_BLOCK_ACCESSORS(SetFn, GetFn, Type, pstBlock, Member, Offset)                  \
+    static_assert(offsetof(tagBB_CONF_ST, Member) == (Offset), #Member " moved");        \
+    static_assert(sizeof(tagBB_CONF_ST::Member) == sizeof(Type), #Member " resized");    \
+    int SetFn(tagBB_CONF_ST* pbbConf, Type* pstBlock) {                                  \
+        BB_CHECK(NULL != pstBlock, -1);                                                  \
+        BB_CHECK(NULL != pbbConf, -1);                                                   \
+        memcpy(bbconf::bytes_of(pbbConf) + (Offset), pstBlock, sizeof(Type));             \
+        return 0;                                                                        \
+    }                                                                                    \
+    int GetFn(tagBB_CONF_ST* pbbConf, Type* pstBlock) {                                  \
+        BB_CHECK(NULL != pstBlock, -1);                                                  \
+        BB_CHECK(NULL != pbbConf, -1);                                                   \
+        memcpy(pstBlock, bbconf::bytes_of(pbbConf) + (Offset), sizeof(Type));             \
+        return 0;                                                                        \
+    }
+
+BB_BLOCK_ACCESSORS(CMN_SetGeneralAVEncParam, CMN_GetGeneralAVEncParam, tagAV_ENC_PARAM_ST,
+                   pstGeneralAVEncParam, stAVEnc, 686)
+BB_BLOCK_ACCESSORS(CMN_SetAVChLookUpList, CMN_GetAVChLookUpList, tagAV_CHANEL_LOOK_UP_ST,
+                   pstAVChLookUpList, stAVChLookUp, 707)
+BB_BLOCK_ACCESSORS(CMN_SetAVIndSetting, CMN_GetAVIndSetting, tagAV_INDIVIDUAL_SETTING_ST,
+                   pstAVIndSetting, stAVIndSetting, 858)
+BB_BLOCK_ACCESSORS(CMN_SetSpecialAlarmParam, CMN_GetSpecialAlarmParam, tagSPECIAL_ALARM_REC_PARAM_ST,
+                   pstSpecialAlmRecParam, stSpecialAlarmRec, 1111)
+BB_BLOCK_ACCESSORS(CMN_SetVideoAlnalyseParam, CMN_GetVideoAlnalyseParam, tagVIDEO_ANALYSE_PARAM_ST,
+                   pstVideoAnalyseParam, stVideoAnalyse, 1114)
+BB_BLOCK_ACCESSORS(CMN_SetWakeUpModeParam, CMN_GetWakeUpModeParam, tagWAKEUP_MODE_PARAM_ST,
+                   pstWakeUpModeParam, stWakeUpMode, 1116)
+BB_BLOCK_ACCESSORS(CMN_SetNightSpeedLmt, CMN_GetNightSpeedLmt, tagBB_PARAM_NIGHT_SPEED_ST,
+                   pstNightSpeedLmt, stNightSpeed, 1241)
+BB_BLOCK_ACCESSORS(CMN_SetNightAbnormalMove, CMN_GetNightAbnormalMove, tagBB_PARAM_NIGHT_MOVE_ST,
+                   pstNightAbnormalMove, stNightMove, 1249)
+BB_BLOCK_ACCESSORS(CMN_SetNightTiredSetting, CMN_GetNightTiredSetting, tagBB_PARAM_NIGHT_TIRED_ST,
+                   pstNightTiredSetting, stNightTired, 1257)
+
+#undef BB_BLOCK_ACCESSORS

@@ -1,11 +1,111 @@
-/* placeholder bodies, replaced as the family is built */
-#include "bbconf.h"
+/* typed.cpp - set and get a terminal parameter as a native number or a
+ * string, without building the big-endian wire value by hand.
+ *
+ * Each wrapper builds the wire value on its own stack and calls
+ * CMN_SetParam / CMN_GetParam with a fixed length.  The getters never let
+ * a get write past the variable they fill: an ID whose get writes more
+ * bytes than the variable holds, whatever BufLen says, is refused with -1.
+ * The setters refuse a number ID wider than the value they carry, and hand
+ * block IDs a zero-padded buffer, because a block's codec reads its whole
+ * wire form whatever the length says. */
+#include <stdint.h>
+#include <string.h>
 
-int CMN_SetByteParam(tagBB_CONF_ST*, int, unsigned char) { return 0; }
-int CMN_GetByteParam(tagBB_CONF_ST*, int, unsigned char*) { return 0; }
-int CMN_SetWordParam(tagBB_CONF_ST*, int, unsigned short) { return 0; }
-int CMN_GetWordParam(tagBB_CONF_ST*, int, unsigned short*) { return 0; }
-int CMN_SetDWordParam(tagBB_CONF_ST*, int, unsigned int) { return 0; }
-int CMN_GetDWordParam(tagBB_CONF_ST*, int, unsigned int*) { return 0; }
-int CMN_SetStrParam(tagBB_CONF_ST*, int, unsigned char*, int) { return 0; }
-int CMN_GetStrParam(tagBB_CONF_ST*, int, unsigned char*, int) { return 0; }
+#include "bbconf.h"
+#include "common/byteorder.h"
+#include "common/log.h"
+#include "conf/dict.h"
+#include "conf/params.h"
+
+namespace {
+
+/* Room for the longest wire form a block set reads whatever its length
+ * (the 253-byte channel settings), rounded up. */
+constexpr int kSetRoom = 256;
+
+/* Bytes the set of an ID reads whatever len says, when it is a number;
+ * 0 for strings, raw values, blocks and unknown IDs. */
+int number_set_width(int id) {
+    const bbconf::ParamDef* d = bbconf::find_param(bbconf::terminal_dictionary(), id);
+    if (d == nullptr) {
+        return 0;
+    }
+    if (d->set == bbconf::set_u8) {
+        return 1;
+    }
+    if (d->set == bbconf::set_u16) {
+        return 2;
+    }
+    if (d->set == bbconf::set_u32) {
+        return 4;
+    }
+    return 0;
+}
+
+/* Sets a number of `width` bytes, big-endian, as a wire value of that
+ * length; the buffer behind it is zero for codecs that read on. */
+int set_number(tagBB_CONF_ST* pbbConf, int id, uint32_t value, int width) {
+    if (number_set_width(id) > width) {
+        return -1;
+    }
+    unsigned char wire[kSetRoom];
+    memset(wire, 0, sizeof wire);
+    bbconf::store_be(wire, static_cast<unsigned>(width), value);
+    return CMN_SetParam(pbbConf, id, wire, width);
+}
+
+/* Whether the get of an ID fits a variable of `room` bytes. */
+bool get_fits(int id, int room) { return bbconf::terminal_get_width(id) <= room; }
+
+}  // namespace
+
+int CMN_SetByteParam(tagBB_CONF_ST* pbbConf, int id, unsigned char value) {
+    return set_number(pbbConf, id, value, 1);
+}
+
+int CMN_SetWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned short value) {
+    return set_number(pbbConf, id, value, 2);
+}
+
+int CMN_SetDWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned int value) {
+    return set_number(pbbConf, id, value, 4);
+}
+
+int CMN_SetStrParam(tagBB_CONF_ST* pbbConf, int id, unsigned char* str, int len) {
+    return CMN_SetParam(pbbConf, id, str, len);
+}
+
+/* The caller's byte is the wire buffer: on failure it keeps its value. */
+int CMN_GetByteParam(tagBB_CONF_ST* pbbConf, int id, unsigned char* out) {
+    if (!get_fits(id, 1)) {
+        return -1;
+    }
+    return CMN_GetParam(pbbConf, id, out, 1);
+}
+
+/* The output always receives the zeroed local, also on failure. */
+int CMN_GetWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned short* out) {
+    BB_CHECK(NULL != out, -1);
+    if (!get_fits(id, 2)) {
+        return -1;
+    }
+    unsigned char wire[2] = {0, 0};
+    int r = CMN_GetParam(pbbConf, id, wire, 2);
+    *out = bbconf::load_be16(wire);
+    return r;
+}
+
+int CMN_GetDWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned int* out) {
+    BB_CHECK(NULL != out, -1);
+    if (!get_fits(id, 4)) {
+        return -1;
+    }
+    unsigned char wire[4] = {0, 0, 0, 0};
+    int r = CMN_GetParam(pbbConf, id, wire, 4);
+    *out = bbconf::load_be32(wire);
+    return r;
+}
+
+int CMN_GetStrParam(tagBB_CONF_ST* pbbConf, int id, unsigned char* buf, int buflen) {
+    return CMN_GetParam(pbbConf, id, buf, buflen);
+}

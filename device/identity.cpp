@@ -60,8 +60,9 @@ int read_mac_file(const char* path, unsigned char* mac, int size) {
     /* One value carried across the scans: a position that does not scan
      * repeats the previous byte. */
     unsigned int value = 0;
-    for (int i = 0; i < kMacLen; i++) {
-        sscanf(text + 3 * i, "%02x", &value);
+    const char* pos = text;
+    for (int i = 0; i < kMacLen; i++, pos += 3) {
+        sscanf(pos, "%02x", &value);
         mac[i] = static_cast<unsigned char>(value);
     }
     close(fd);

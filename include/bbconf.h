@@ -973,9 +973,18 @@ BBCONF_API int CMN_SetParam(tagBB_CONF_ST* pbbConf, int ParamId, unsigned char* 
  */
 BBCONF_API int CMN_GetParam(tagBB_CONF_ST* pbbConf, int ParamId, unsigned char* pBuf, int BufLen);
 
-/* Typed wrappers over CMN_SetParam / CMN_GetParam.  The getters refuse
- * (return -1, write nothing) an ID whose wire value is wider than the
- * output variable, whatever the ID's kind would write. */
+/* Typed wrappers over CMN_SetParam / CMN_GetParam; each returns that
+ * call's result.  The number setters send the value high byte first with
+ * len 1, 2 or 4; they refuse (-1, nothing stored) a number ID wider than
+ * the value, and block IDs read zeros behind the value.
+ * The getters refuse (-1, nothing written) an ID whose get writes more
+ * bytes than the output variable holds whatever BufLen says: a 16- or
+ * 32-bit ID through the byte getter, 0x0110 (8 bytes) and 0x0076 (up to
+ * 151) through any of them.  A narrower ID is read into the high bytes
+ * (0x0084 through the word getter gives value << 8).  Otherwise the word
+ * and dword getters always store their result, 0 when the get failed (an
+ * unknown ID gives 0 and -1); the byte getter hands out its byte as the
+ * buffer, so a failed get leaves it as it was.  0x0081/0x0082 return 4. */
 BBCONF_API int CMN_SetByteParam(tagBB_CONF_ST* pbbConf, int id, unsigned char value);
 BBCONF_API int CMN_GetByteParam(tagBB_CONF_ST* pbbConf, int id, unsigned char* out);
 BBCONF_API int CMN_SetWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned short value);
@@ -1030,15 +1039,26 @@ BBCONF_API int CMN_GetNightTiredSetting(tagBB_CONF_ST* pbbConf, tagBB_PARAM_NIGH
  * form before it checks buflen (the buffer must hold the whole form).
  * ---------------------------------------------------------------------- */
 
-/* Video blocks. */
+/* Video blocks.  Encoding parameters: 21 bytes are read from the wire
+ * whatever len says and 21 bytes are written whatever buflen says; a len
+ * other than 21, or a buflen below 21, then yields 0. */
 BBCONF_API unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local);
 BBCONF_API int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen);
-/* Channel settings: a count above 12 is clamped; buflen 0 with a non-zero
- * count is refused up front. */
+/* Channel settings.  Set: the wire must hold 1 + 21 x min(count, 12) bytes
+ * (count = wire byte 0) whatever len says; a count above 12 is clamped to
+ * 12 silently.  Get: only whole entries that fit in buflen are written and
+ * their length returned (1, the count byte alone, when not one fits); a
+ * count above 12 goes out as it stands, is reported and is repaired to 12
+ * in the record.  A buflen of 0 is refused up front: 0 is returned and
+ * nothing is written. */
 BBCONF_API unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_INDIVIDUAL_SETTING_ST* local);
 BBCONF_API int CMN_LStruct2B(tagAV_INDIVIDUAL_SETTING_ST* local, unsigned char* wire, unsigned int buflen);
 
-/* Night-time rules: a wrong length or short buffer changes nothing. */
+/* Night-time rules (8, 8 and 16 bytes; only the fatigue block's two u32
+ * change byte order).  A len other than the block's, or a buflen below
+ * it, returns 0 and changes nothing; 0xff is an ordinary value here, not
+ * a keep-unchanged marker.  The initialisers write every byte, print
+ * nothing and test no pointer: the record must exist. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_SPEED_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_NIGHT_SPEED_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_MOVE_ST* local);
@@ -1049,9 +1069,21 @@ BBCONF_API void __InitNightSpeedLmt(tagBB_PARAM_NIGHT_SPEED_ST* pstNightSpeedLmt
 BBCONF_API void __InitNightAbnormalMove(tagBB_PARAM_NIGHT_MOVE_ST* pstNightAbnormalMove);
 BBCONF_API void __InitNightTiredSetting(tagBB_PARAM_NIGHT_TIRED_ST* pstNightTiredSetting);
 
-/* ADAS block, Subiao form (56 bytes) and regional forms.  Every ADAS codec
- * logs the form's length of bytes that lie immediately BEFORE the wire
- * pointer: the caller must have that many readable bytes in front of wire. */
+/* ADAS block, Subiao form (56 bytes) and the regional forms SiChuan (61),
+ * GuangDong (64), Hunan (96) and JiLing (112); CMN_B2LStruct /
+ * CMN_LStruct2B forward to the Subiao pair and return its result.
+ * Set reads the whole form from wire whatever len says, stores every field
+ * whose wire value is not all ones (reserved byte 19 is stored always),
+ * then returns the form's length, or 0 when len differs (the fields stay
+ * converted).  Get writes the whole form (unmapped bytes 0) whatever
+ * buflen says, then returns the length, or 0 when buflen is short.  A
+ * NULL wire or record returns 0 and prints nothing (all ten forms).
+ * Every ADAS codec logs the form's length of bytes that lie immediately
+ * BEFORE the wire pointer: the caller must have that many readable bytes
+ * in front of wire (56 for the Subiao pair, hence also in front of the
+ * buffers given to CMN_SetParam / CMN_GetParam for ID 0xf364).
+ * __InitSubiaoAdasParam leaves bytes 63 to 67 as they were and returns the
+ * result of its printf, or -1 for a NULL record. */
 BBCONF_API int __InitSubiaoAdasParam(tagBB_PARAM_ADAS_SUBIAO_ST* pstSubiaoAdas);
 BBCONF_API int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local);
 BBCONF_API int SubiaoAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
@@ -1066,10 +1098,18 @@ BBCONF_API int HunanAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned c
 BBCONF_API int JiLingAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local);
 BBCONF_API int JiLingAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 
-/* DSM block, Subiao form (49 bytes) and regional forms.  The Subiao and
- * SiChuan DSM codecs log the block from the wire pointer onward; the
- * GuangDong, Hunan and JiLing DSM codecs log the form's length of bytes
- * immediately BEFORE the wire pointer (which must be readable). */
+/* DSM block, Subiao form (49 bytes) and the regional forms SiChuan (65),
+ * GuangDong (66), Hunan (110) and JiLing (126); CMN_B2LStruct /
+ * CMN_LStruct2B forward to the Subiao pair.  Set and get follow the ADAS
+ * codecs: the whole form is read or written whatever len / buflen say,
+ * all-ones keeps a field (the SiChuan extension bytes at wire 47 to 52 are
+ * stored always), a wrong len still converts and returns 0.  The Subiao
+ * and SiChuan DSM codecs log the block from the wire pointer onward; the
+ * SiChuan set first logs the len received bytes, so its wire must hold
+ * max(len, 65) readable bytes.  The GuangDong, Hunan and JiLing DSM codecs
+ * log the form's length of bytes immediately BEFORE the wire pointer
+ * (which must be readable).  __InitSubiaoDsmParam writes all 132 bytes and
+ * returns the result of its printf, or -1 for a NULL record. */
 BBCONF_API int __InitSubiaoDsmParam(tagBB_PARAM_DSM_SUBIAO_ST* pstSubiaoDsm);
 BBCONF_API int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local);
 BBCONF_API int SubiaoDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
@@ -1084,7 +1124,12 @@ BBCONF_API int HunanDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned cha
 BBCONF_API int JiLingDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local);
 BBCONF_API int JiLingDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 
-/* Heibiao blocks: checked first; nothing changes on a wrong length. */
+/* Heibiao blocks (22, 33, 33 and 45 bytes): checked first; a len other
+ * than the block's, or a buflen below it, returns 0 and changes nothing.
+ * An all-ones wire field (0xff, or 0xffff for a u16) keeps the local one.
+ * The initialisers return the printf count of their closing line, or -1
+ * for a NULL record; driver identification leaves bytes 12 to 21 and
+ * device failure bytes 35 to 44 as they were. */
 BBCONF_API int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DRIVER_IDENTIFY_ST* local);
 BBCONF_API int CMN_HljLStruct2B(tagBB_PARAM_DRIVER_IDENTIFY_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST* local);
@@ -1098,11 +1143,15 @@ BBCONF_API int __InitHljAdasParam(tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST* pstHei
 BBCONF_API int __InitHljDsmParam(tagBB_PARAM_DSM_HEIBIAO_ST* pstHeibiaoDsm);
 BBCONF_API int __InitHljDevFailParam(tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST* pstHeibiaoDevFail);
 
-/* Xiangbiao blocks. */
+/* Xiangbiao blocks.  VDS (50 bytes) is refused and keeps all-ones fields
+ * as the Heibiao blocks do.  The initialisers return as the Heibiao ones;
+ * __InitXiangbiaoVdsParam leaves bytes 6 and 13 to 20 as they were, so
+ * call it on a zeroed record. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_VDS_XIANGBIAO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_VDS_XIANGBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 /* Driver capture: trusts its caller.  The set reads 18 wire bytes whatever
- * len says and returns 18; the get writes 18 bytes whatever buflen says. */
+ * len says and returns 18 (wire must hold 18 readable bytes); the get
+ * writes 18 bytes whatever buflen says (wire must have room for 18). */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DRIVER_CAPTURE_XIANGBIAO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_DRIVER_CAPTURE_XIANGBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int __InitXiangbiaoVdsParam(tagBB_PARAM_VDS_XIANGBIAO_ST* pstXiangbiaoVds);
@@ -1114,8 +1163,11 @@ BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_TPMS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
-/* Load and size: the set reads 18 (load) or 4 (size) wire bytes whatever
- * len says, accepts any len and returns it. */
+/* Load and size: trust their caller.  The set reads 18 (load) or 4 (size)
+ * wire bytes whatever len says, accepts any len and returns it; its dump
+ * shows len bytes of the record but never more than the record holds (20
+ * or 4).  The get needs buflen >= 18 (load) or 4 (size).  A null record or
+ * a null wire on set gives 0 without a line. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERLOAD_SUBIAO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_OVERLOAD_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERSIZE_SUBIAO_ST* local);
@@ -1127,15 +1179,21 @@ BBCONF_API int __InitSubiaoIntenseDriveParam(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_
 /* Muck-truck, RS485, DPX, alarm media and pump-truck blocks. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ZT_ALARM_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_ZT_ALARM_ST* local, unsigned char* wire, unsigned int buflen);
-/* DPX ADAS: the wire form is 16 bytes of which 10 are read or written. */
+/* DPX ADAS: the wire form is 16 bytes of which 10 are read or written.
+ * Both directions convert before they test: the wire must hold 10 bytes
+ * whatever len or buflen says; the result is 16 only for len == 16 or
+ * buflen >= 16, else 0 with the record or wire already converted. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, BB_DPX_ADAS_PARM_ST* local);
 BBCONF_API int CMN_LStruct2B(BB_DPX_ADAS_PARM_ST* local, unsigned char* wire, unsigned int buflen);
 /* DPX DSM: the set reads 25 wire bytes and returns 31 without a length
- * test; the get writes 25 bytes and returns 32 when buflen > 31. */
+ * test; the get writes 25 bytes and returns 32 when buflen > 31.  Trusts
+ * its caller: the wire must hold 25 bytes whatever len or buflen says. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, BB_DPX_DSM_PARAM_ST* local);
 BBCONF_API int CMN_LStruct2B(BB_DPX_DSM_PARAM_ST* local, unsigned char* wire, unsigned int buflen);
 /* Alarm video/photo: trusts its caller.  Both directions move L + 7 bytes
- * (L taken from the block) without looking at len or buflen. */
+ * (L taken from the block) without looking at len or buflen, so the wire
+ * must hold L + 7 bytes.  An L above the 64-byte data area is refused:
+ * 0, nothing written. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_ALARM_VIDEO_PHOTO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_ALARM_VIDEO_PHOTO_ST* local, unsigned char* wire, unsigned int buflen);
 /* Pump truck: returns 0 on every path; the set reads up to 37 wire bytes

@@ -1,12 +1,120 @@
-/* placeholder bodies, replaced as the family is built */
+/* night.cpp - the night-time rule blocks: night speed limit, night
+ * abnormal-movement watch and night fatigue rule, with their codecs and
+ * factory defaults.
+ *
+ * Each block carries its own night period as two BCD times of day (hour,
+ * minute, second).  Wire and local forms share offsets; only the two u32 of
+ * the fatigue block change byte order.  These blocks have no keep-unchanged
+ * marker: an 0xFF byte is stored like any other value. */
 #include "bbconf.h"
+#include "conf/blocks/fixed_form.h"
 
-int CMN_B2LStruct(unsigned char*, unsigned char, tagBB_PARAM_NIGHT_SPEED_ST*) { return 0; }
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_SPEED_ST*, unsigned char*, unsigned int) { return 0; }
-int CMN_B2LStruct(unsigned char*, unsigned char, tagBB_PARAM_NIGHT_MOVE_ST*) { return 0; }
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_MOVE_ST*, unsigned char*, unsigned int) { return 0; }
-int CMN_B2LStruct(unsigned char*, unsigned char, tagBB_PARAM_NIGHT_TIRED_ST*) { return 0; }
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_TIRED_ST*, unsigned char*, unsigned int) { return 0; }
-void __InitNightSpeedLmt(tagBB_PARAM_NIGHT_SPEED_ST*) { }
-void __InitNightAbnormalMove(tagBB_PARAM_NIGHT_MOVE_ST*) { }
-void __InitNightTiredSetting(tagBB_PARAM_NIGHT_TIRED_ST*) { }
+namespace bbconf {
+namespace {
+
+/* Speed and movement blocks: eight single bytes, identical on the wire. */
+constexpr WireField kNightBytes[] = {
+    {0, 0, 1, 8, false},
+};
+
+constexpr WireField kNightTired[] = {
+    {0, 0, 1, 7, false},   /* enable, period start, period end */
+    {7, 7, 4, 2, false},   /* driving limit, minimum rest (s) */
+    {15, 15, 1, 1, false}, /* setting byte */
+};
+
+/* The three blocks log under the same plain headers. */
+constexpr FixedForm night_form(int len, WireTable t) {
+    return FixedForm{t, len, "After Set:", "Before Get:", "After Get:", false, nullptr};
+}
+
+constexpr FixedForm kSpeedForm =
+    night_form(sizeof(tagBB_PARAM_NIGHT_SPEED_ST), table_of(kNightBytes));
+constexpr FixedForm kMoveForm =
+    night_form(sizeof(tagBB_PARAM_NIGHT_MOVE_ST), table_of(kNightBytes));
+constexpr FixedForm kTiredForm =
+    night_form(sizeof(tagBB_PARAM_NIGHT_TIRED_ST), table_of(kNightTired));
+
+/* Each table names every byte of its block. */
+constexpr bool covers_block(const FixedForm& f) {
+    return fixed_form_fits(f) && wire_extent(f.table) == f.len && local_extent(f.table) == f.len;
+}
+static_assert(covers_block(kSpeedForm), "night speed table must cover 8 bytes");
+static_assert(covers_block(kMoveForm), "night movement table must cover 8 bytes");
+static_assert(covers_block(kTiredForm), "night fatigue table must cover 16 bytes");
+
+/* Defaults: every field is written, zeros included. */
+constexpr DefaultRun kSpeedRuns[] = {
+    {0, 1, 1, 0},                              /* rule off */
+    {1, 1, 1, 80},                             /* speed limit */
+    {2, 1, 1, 0x22}, {3, 1, 1, 0}, {4, 1, 1, 0}, /* from 22:00:00 */
+    {5, 1, 1, 0x06}, {6, 1, 1, 0}, {7, 1, 1, 0}, /* to 06:00:00 */
+};
+
+constexpr DefaultRun kMoveRuns[] = {
+    {0, 1, 1, 0},                              /* rule off */
+    {1, 1, 1, 0x02}, {2, 1, 1, 0}, {3, 1, 1, 0}, /* from 02:00:00 */
+    {4, 1, 1, 0x05}, {5, 1, 1, 0}, {6, 1, 1, 0}, /* to 05:00:00 */
+    {7, 1, 1, 0},                              /* setting byte */
+};
+
+constexpr DefaultRun kTiredRuns[] = {
+    {0, 1, 1, 0},                              /* rule off */
+    {1, 1, 1, 0x22}, {2, 1, 1, 0}, {3, 1, 1, 0}, /* from 22:00:00 */
+    {4, 1, 1, 0x05}, {5, 1, 1, 0}, {6, 1, 1, 0}, /* to 05:00:00 */
+    {7, 4, 1, 7200},                           /* two hours of driving */
+    {11, 4, 1, 1200},                          /* twenty minutes of rest */
+    {15, 1, 1, 0},                             /* setting byte */
+};
+
+constexpr DefaultTable kSpeedDefaults = defaults_of(kSpeedRuns);
+constexpr DefaultTable kMoveDefaults = defaults_of(kMoveRuns);
+constexpr DefaultTable kTiredDefaults = defaults_of(kTiredRuns);
+
+static_assert(defaults_extent(kSpeedDefaults) == sizeof(tagBB_PARAM_NIGHT_SPEED_ST),
+              "speed defaults");
+static_assert(defaults_extent(kMoveDefaults) == sizeof(tagBB_PARAM_NIGHT_MOVE_ST), "move defaults");
+static_assert(defaults_extent(kTiredDefaults) == sizeof(tagBB_PARAM_NIGHT_TIRED_ST),
+              "tired defaults");
+
+}  // namespace
+}  // namespace bbconf
+
+using bbconf::bytes_of;
+
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_SPEED_ST* local) {
+    return bbconf::fixed_form_set(bbconf::kSpeedForm, __func__, wire, len, bytes_of(local));
+}
+
+int CMN_LStruct2B(tagBB_PARAM_NIGHT_SPEED_ST* local, unsigned char* wire, unsigned int buflen) {
+    return bbconf::fixed_form_get(bbconf::kSpeedForm, __func__, bytes_of(local), wire, buflen);
+}
+
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_MOVE_ST* local) {
+    return bbconf::fixed_form_set(bbconf::kMoveForm, __func__, wire, len, bytes_of(local));
+}
+
+int CMN_LStruct2B(tagBB_PARAM_NIGHT_MOVE_ST* local, unsigned char* wire, unsigned int buflen) {
+    return bbconf::fixed_form_get(bbconf::kMoveForm, __func__, bytes_of(local), wire, buflen);
+}
+
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_TIRED_ST* local) {
+    return bbconf::fixed_form_set(bbconf::kTiredForm, __func__, wire, len, bytes_of(local));
+}
+
+int CMN_LStruct2B(tagBB_PARAM_NIGHT_TIRED_ST* local, unsigned char* wire, unsigned int buflen) {
+    return bbconf::fixed_form_get(bbconf::kTiredForm, __func__, bytes_of(local), wire, buflen);
+}
+
+/* The initialisers trust their caller: no pointer test, nothing printed. */
+void __InitNightSpeedLmt(tagBB_PARAM_NIGHT_SPEED_ST* pstNightSpeedLmt) {
+    bbconf::put_defaults(bbconf::kSpeedDefaults, bytes_of(pstNightSpeedLmt));
+}
+
+void __InitNightAbnormalMove(tagBB_PARAM_NIGHT_MOVE_ST* pstNightAbnormalMove) {
+    bbconf::put_defaults(bbconf::kMoveDefaults, bytes_of(pstNightAbnormalMove));
+}
+
+void __InitNightTiredSetting(tagBB_PARAM_NIGHT_TIRED_ST* pstNightTiredSetting) {
+    bbconf::put_defaults(bbconf::kTiredDefaults, bytes_of(pstNightTiredSetting));
+}

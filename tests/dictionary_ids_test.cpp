@@ -1,0 +1,117 @@
+// dictionary_ids_test.cpp - which of the 65536 parameter IDs the terminal
+// dictionary knows: every ID is tried on get and on set with the output
+// captured, and the IDs that report "Not Find" must be exactly the ones
+// missing from the published ID tables.
+#include <cstdio>
+#include <cstdlib>
+#include <cstring>
+#include <set>
+#include <string>
+#include <vector>
+
+#include "test_util.h"
+
+using bbtest::Conf;
+
+namespace {
+
+struct Range {
+    int first;
+    int last;
+};
+
+// The communication, alarm/video/vehicle and vendor ID tables.
+const Range kKnown[] = {
+    // Communication.
+    {0x0001, 0x0007}, {0x0010, 0x001d}, {0x0020, 0x0029}, {0x002c, 0x0031},
+    // Telephony, alarms, video, vehicle, GNSS, CAN.
+    {0x0040, 0x0049}, {0x0050, 0x005e}, {0x0064, 0x0065}, {0x0070, 0x0077}, {0x0079, 0x007c},
+    {0x0080, 0x0084}, {0x0090, 0x0095}, {0x00a1, 0x00a2}, {0x0100, 0x0103}, {0x0110, 0x0110},
+    // Vendor values.
+    {0x101a, 0x101f}, {0x1031, 0x1031}, {0x8620, 0x8620}, {0x8f21, 0x8f21},
+    {0xc21b, 0xc21b}, {0xc222, 0xc223}, {0xc255, 0xc255}, {0xc257, 0xc258}, {0xc25b, 0xc25c},
+    // Heibiao blocks: four IDs named like decimals, not a hexadecimal range.
+    {0xe138, 0xe139}, {0xe140, 0xe141},
+    {0xf001, 0xf002}, {0xf011, 0xf011}, {0xf0e9, 0xf0e9}, {0xf0ef, 0xf0ef}, {0xf106, 0xf106},
+    {0xf108, 0xf108}, {0xf110, 0xf110}, {0xf113, 0xf114}, {0xf120, 0xf12a}, {0xf200, 0xf202},
+    {0xf364, 0xf368}, {0xf370, 0xf370}, {0xf372, 0xf373}, {0xf3f0, 0xf3f0}, {0xf400, 0xf400},
+    {0xf441, 0xf441}, {0xf641, 0xf641},
+    {0xfe05, 0xfe06}, {0xfe09, 0xfe0a}, {0xfe10, 0xfe10},
+    // Device identity.
+    {0xff00, 0xff02},
+};
+
+// Known on get but absent on set.
+const int kGetOnly[] = {0x0026, 0xe138, 0xe139, 0xe140, 0xe141, 0xf3f0,
+                        0xf400, 0xf441, 0xf641, 0xff00, 0xff01, 0xff02};
+
+std::set<int> known_ids() {
+    std::set<int> ids;
+    for (const Range& r : kKnown) {
+        for (int id = r.first; id <= r.last; id++) ids.insert(id);
+    }
+    return ids;
+}
+
+// Runs one call per ID from 0x0001 to 0xfffe with standard output
+// captured (unmasked: megabytes of it) and returns the IDs that did not
+// report "Not Find" in the given form: "0x..\n" on get, "..  \n" on set.
+template <typename F>
+std::set<int> ids_found(F&& call, bool get_form) {
+    std::fflush(stdout);
+    testing::internal::CaptureStdout();
+    for (int id = 0x0001; id <= 0xfffe; id++) call(id);
+    std::fflush(stdout);
+    const std::string out = testing::internal::GetCapturedStdout();
+    std::set<int> found;
+    for (int id = 0x0001; id <= 0xfffe; id++) found.insert(id);
+    const std::string key = "Not Find ID:";
+    for (size_t at = out.find(key); at != std::string::npos; at = out.find(key, at + 1)) {
+        // strtoul, not sscanf: sscanf measures the whole rest of the text.
+        const char* p = out.c_str() + at + key.size();
+        char* end = nullptr;
+        if (get_form && std::strncmp(p, "0x", 2) != 0) ADD_FAILURE() << out.substr(at, 24);
+        found.erase(static_cast<int>(std::strtoul(p, &end, 16)));
+        const char* tail = get_form ? "\n" : " \n";
+        if (std::strncmp(end, tail, std::strlen(tail)) != 0) ADD_FAILURE() << out.substr(at, 24);
+    }
+    return found;
+}
+
+// The IDs of a that are not in b, for the failure message.
+std::string missing_from(const std::set<int>& a, const std::set<int>& b) {
+    std::string s;
+    char text[16];
+    for (int id : a) {
+        if (b.count(id)) continue;
+        std::snprintf(text, sizeof text, " %#x", id);
+        s += text;
+    }
+    return s;
+}
+
+TEST(DictionaryIds, ExactlyThePublishedIdsAreKnownOnGet) {
+    Conf conf;
+    bbtest::output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    // Room ahead of the buffer too: the ADAS codec logs the bytes before it.
+    std::vector<unsigned char> frame(1024);
+    std::set<int> found = ids_found([&](int id) { CMN_GetParam(&conf.rec, id, frame.data() + 256, 512); }, true);
+    std::set<int> want = known_ids();
+    EXPECT_EQ(missing_from(found, want), "") << "known but not published";
+    EXPECT_EQ(missing_from(want, found), "") << "published but unknown";
+}
+
+TEST(DictionaryIds, ExactlyTheSettableIdsAreKnownOnSet) {
+    Conf conf;
+    bbtest::output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    // Zeros with room on both sides: block codecs may read a whole form and
+    // log bytes ahead of the value.
+    std::vector<unsigned char> frame(1024, 0);
+    std::set<int> found = ids_found([&](int id) { CMN_SetParam(&conf.rec, id, frame.data() + 256, 0); }, false);
+    std::set<int> want = known_ids();
+    for (int id : kGetOnly) want.erase(id);
+    EXPECT_EQ(missing_from(found, want), "") << "settable but not published";
+    EXPECT_EQ(missing_from(want, found), "") << "published but not settable";
+}
+
+}  // namespace

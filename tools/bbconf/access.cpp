@@ -1,0 +1,305 @@
+// access.cpp - one parameter through the library's dictionary.
+#include "access.h"
+
+#include <cstdio>
+#include <cstring>
+
+#include "body.h"
+
+namespace bbtool {
+
+namespace {
+
+// A zeroed buffer handed to the library with generous room on both sides:
+// some codecs log the bytes in front of the wire pointer, others read or
+// write a whole form whatever length they are told.
+class WireBuffer {
+  public:
+    static constexpr size_t kFront = 512;
+    static constexpr size_t kRoom = 1024;
+    WireBuffer() { std::memset(mem_, 0, sizeof mem_); }
+    unsigned char* data() { return mem_ + kFront; }
+    int room() const { return static_cast<int>(kRoom); }
+
+  private:
+    unsigned char mem_[kFront + kRoom + 64];
+};
+
+int lib_set(Record& rec, uint16_t id, const std::vector<uint8_t>& wire) {
+    WireBuffer buf;
+    if (!wire.empty()) std::memcpy(buf.data(), wire.data(), wire.size());
+    const int len = static_cast<int>(wire.size());
+    if (rec.kind() == RecordKind::Terminal) return CMN_SetParam(rec.terminal(), id, buf.data(), len);
+    return BBTAXI_SetParam(rec.taxi(), id, buf.data(), len);
+}
+
+std::string number_range(Kind k) {
+    switch (k) {
+        case Kind::U8:
+        case Kind::LowByte32: return "a u8 value (0 to 255)";
+        case Kind::U16:
+        case Kind::U16Get32: return "a u16 value (0 to 65535)";
+        default: return "a u32 value (0 to 4294967295)";
+    }
+}
+
+uint32_t number_max(Kind k) {
+    switch (k) {
+        case Kind::U8:
+        case Kind::LowByte32: return 0xff;
+        case Kind::U16:
+        case Kind::U16Get32: return 0xffff;
+        default: return 0xffffffffu;
+    }
+}
+
+bool parse_number(std::string_view s, uint64_t& out) {
+    int base = 10;
+    if (s.size() > 2 && s[0] == '0' && (s[1] == 'x' || s[1] == 'X')) {
+        base = 16;
+        s.remove_prefix(2);
+    }
+    if (s.empty()) return false;
+    uint64_t v = 0;
+    for (char c : s) {
+        int d;
+        if (c >= '0' && c <= '9') {
+            d = c - '0';
+        } else if (base == 16 && c >= 'a' && c <= 'f') {
+            d = c - 'a' + 10;
+        } else if (base == 16 && c >= 'A' && c <= 'F') {
+            d = c - 'A' + 10;
+        } else {
+            return false;
+        }
+        v = v * static_cast<uint64_t>(base) + static_cast<uint64_t>(d);
+        if (v > 0xffffffffull) {
+            v = 0x100000000ull;  // saturate: out of every range
+        }
+    }
+    out = v;
+    return true;
+}
+
+bool starts_with(std::string_view s, std::string_view prefix) {
+    return s.size() >= prefix.size() && s.substr(0, prefix.size()) == prefix;
+}
+
+// Wire length of the channel settings block: a count byte and 21 bytes per
+// channel, at most twelve channels taken.
+size_t channel_settings_len(const std::vector<uint8_t>& wire) {
+    const size_t count = wire.empty() ? 0 : wire[0];
+    return 1 + 21 * (count > 12 ? 12 : count);
+}
+
+// Why a kind that cannot be set is refused.
+std::string unsettable_reason(const ParamDef& d) {
+    switch (d.kind) {
+        case Kind::Device: return "get-only: answered by the device, not stored in the record";
+        case Kind::Debug: return "get-only: a diagnostic dump, not a stored value";
+        case Kind::Ignored: return "not stored: the record keeps no field for it";
+        default: return "get-only: the record's dictionary does not set it";
+    }
+}
+
+std::vector<uint8_t> up_to_nul(const std::vector<uint8_t>& v) {
+    std::vector<uint8_t> out;
+    for (uint8_t b : v) {
+        if (b == 0) break;
+        out.push_back(b);
+    }
+    return out;
+}
+
+// What a read-back must give after a successful store, for the kinds whose
+// read-back is fully determined by the stored wire bytes.
+bool expected_readback(const ParamDef& d, const std::vector<uint8_t>& wire, std::vector<uint8_t>& expect) {
+    switch (d.kind) {
+        case Kind::U8:
+        case Kind::U16:
+        case Kind::U32: expect = wire; return true;
+        case Kind::U16Get32: expect = {0, 0, wire[0], wire[1]}; return true;
+        case Kind::LowByte32: expect = {wire[3]}; return true;
+        case Kind::Text: expect = up_to_nul(wire); return true;
+        default: return false;
+    }
+}
+
+}  // namespace
+
+Readout read_param(Record& rec, const ParamDef& d) {
+    Readout out;
+    if (!is_readable(d)) {
+        out.error = d.kind == Kind::Ignored ? "not stored: the record keeps no field for it"
+                    : d.kind == Kind::Device ? "answered by the device, not stored in the record"
+                                             : "a diagnostic dump, not a stored value";
+        return out;
+    }
+    if (is_set_only(d)) {
+        const unsigned char* f = rec.bytes() + d.field_offset;
+        if (d.kind == Kind::LowByte32) {
+            out.wire.assign(f, f + 1);
+        } else {
+            out.wire = up_to_nul(std::vector<uint8_t>(f, f + d.field_width));
+        }
+        out.ok = true;
+        return out;
+    }
+    WireBuffer buf;
+    const int r = rec.kind() == RecordKind::Terminal ? CMN_GetParam(rec.terminal(), d.id, buf.data(), buf.room())
+                                                     : BBTAXI_GetParam(rec.taxi(), d.id, buf.data(), buf.room());
+    if (d.kind == Kind::Endpoint) {
+        // Rendered as text although the library answers -1.
+        const size_t n = strnlen(reinterpret_cast<const char*>(buf.data()), static_cast<size_t>(buf.room()));
+        out.wire.assign(buf.data(), buf.data() + n);
+        out.ok = true;
+        return out;
+    }
+    if (is_number(d.kind)) {
+        // The get width of a number; two u16 IDs answer 4 but write 2 bytes.
+        const size_t width = d.kind == Kind::U16Get32 ? 4 : number_width(d.kind);
+        if (r < static_cast<int>(width)) {
+            out.error = "the library gave no value (it answered " + std::to_string(r) + ")";
+            return out;
+        }
+        out.wire.assign(buf.data(), buf.data() + width);
+        out.ok = true;
+        return out;
+    }
+    const bool may_be_empty = d.kind == Kind::Text || d.kind == Kind::RawText || d.kind == Kind::Raw;
+    if (r < 0 || (r == 0 && !may_be_empty) || r > buf.room()) {
+        out.error = "the library gave no value (it answered " + std::to_string(r) + ")";
+        return out;
+    }
+    out.wire.assign(buf.data(), buf.data() + r);
+    out.ok = true;
+    return out;
+}
+
+uint32_t decode_number(const std::vector<uint8_t>& wire) {
+    uint32_t v = 0;
+    for (uint8_t b : wire) v = v << 8 | b;
+    return v;
+}
+
+std::string quote_text(const std::vector<uint8_t>& bytes) {
+    std::string s = "\"";
+    for (uint8_t b : bytes) {
+        switch (b) {
+            case '"': s += "\\\""; break;
+            case '\\': s += "\\\\"; break;
+            case '\n': s += "\\n"; break;
+            case '\r': s += "\\r"; break;
+            case '\t': s += "\\t"; break;
+            default:
+                if (b >= 0x20 && b < 0x7f) {
+                    s += static_cast<char>(b);
+                } else {
+                    char esc[8];
+                    std::snprintf(esc, sizeof esc, "\\x%02x", b);
+                    s += esc;
+                }
+        }
+    }
+    return s + "\"";
+}
+
+std::string display_value(const ParamDef& d, const std::vector<uint8_t>& wire) {
+    if (is_number(d.kind)) return std::to_string(decode_number(wire));
+    if (is_text(d.kind)) return quote_text(wire);
+    return to_hex(wire);
+}
+
+std::string parse_user_value(const ParamDef& d, std::string_view text, std::vector<uint8_t>& wire) {
+    wire.clear();
+    if (!is_settable(d)) return unsettable_reason(d);
+    std::string err;
+    if (is_number(d.kind)) {
+        uint64_t v = 0;
+        if (!parse_number(text, v)) {
+            return "'" + std::string(text) + "' is not a number (decimal or 0x-hex)";
+        }
+        if (v > number_max(d.kind)) {
+            return std::string(text) + " is out of range for " + number_range(d.kind);
+        }
+        const size_t width = number_width(d.kind);
+        for (size_t i = 0; i < width; i++) {
+            wire.push_back(static_cast<uint8_t>(v >> (8 * (width - 1 - i))));
+        }
+        return "";
+    }
+    if (is_text(d.kind)) {
+        if (starts_with(text, "hex:")) {
+            if (!parse_hex(text.substr(4), wire, err)) return err;
+            return "";
+        }
+        if (starts_with(text, "text:")) text.remove_prefix(5);
+        wire.assign(text.begin(), text.end());
+        if (d.kind == Kind::RawText && wire.size() < d.limit) wire.resize(d.limit, 0);
+        return "";
+    }
+    // Raw bytes and blocks.
+    if (starts_with(text, "hex:")) text.remove_prefix(4);
+    if (!parse_hex(text, wire, err)) return err;
+    if (wire.empty()) return "empty value: give the bytes as hex, e.g. hex:0102";
+    return "";
+}
+
+std::string check_wire(const Record& rec, const ParamDef& d, const std::vector<uint8_t>& wire) {
+    const size_t n = wire.size();
+    switch (d.kind) {
+        case Kind::U8:
+        case Kind::U16:
+        case Kind::U32:
+        case Kind::U16Get32:
+        case Kind::LowByte32: {
+            const size_t width = number_width(d.kind);
+            if (n != width) {
+                return "wrong length: the value takes " + counted(width, "byte") + ", got " + std::to_string(n);
+            }
+            if (d.kind == Kind::LowByte32 && decode_number(wire) > 0xff) {
+                return "value " + std::to_string(decode_number(wire)) + " does not fit its one-byte field";
+            }
+            return "";
+        }
+        case Kind::Text:
+        case Kind::RawText:
+        case Kind::Raw:
+            if (n > d.limit) {
+                return "too long for its field: " + counted(n, "byte") + ", room for " + std::to_string(d.limit);
+            }
+            return "";
+        case Kind::Block: {
+            const size_t form = d.limit ? d.limit : channel_settings_len(wire);
+            if (n != form) {
+                if (d.limit == 0 && n == 0) return "wrong length for the block: it needs at least its count byte";
+                return "wrong length for the block: " + counted(n, "byte") + ", its wire form has " +
+                       std::to_string(form);
+            }
+            WireBuffer buf;
+            std::memcpy(buf.data(), wire.data(), n);
+            if (d.check != nullptr && d.check(rec.terminal(), buf.data(), static_cast<unsigned char>(n)) == 0) {
+                return "rejected by the block codec";
+            }
+            return "";
+        }
+        default: return unsettable_reason(d);
+    }
+}
+
+std::string store_param(Record& rec, const ParamDef& d, const std::vector<uint8_t>& wire) {
+    std::string err = check_wire(rec, d, wire);
+    if (!err.empty()) return err;
+    lib_set(rec, d.id, wire);
+    std::vector<uint8_t> expect;
+    if (expected_readback(d, wire, expect)) {
+        const Readout back = read_param(rec, d);
+        if (!back.ok || back.wire != expect) {
+            return "not stored: the record does not hold the value afterwards" +
+                   (back.ok ? " (it reads " + display_value(d, back.wire) + ")" : std::string());
+        }
+    }
+    return "";
+}
+
+}  // namespace bbtool

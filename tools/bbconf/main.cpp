@@ -1,0 +1,560 @@
+// main.cpp - bbconf, a command-line tool for persisted parameter records and
+// the platform's parameter messages.
+//
+// Standard output carries only the answers.  The library prints its own
+// diagnostic lines on file descriptor 1, so once the command line is parsed
+// the answers get a private duplicate of the original descriptor and fd 1
+// is pointed at /dev/null (or at standard error with -v) for the library.
+#include <fcntl.h>
+#include <unistd.h>
+
+#include <CLI/CLI.hpp>
+#include <cerrno>
+#include <cstdio>
+#include <cstring>
+#include <nlohmann/json.hpp>
+#include <string>
+#include <vector>
+
+#include "access.h"
+#include "body.h"
+#include "params.h"
+#include "record.h"
+
+namespace bbtool {
+namespace {
+
+// Where answers go once the library's descriptor has been redirected.
+FILE* g_out = stdout;
+
+void error_line(const std::string& command, const std::string& msg) {
+    std::fflush(stdout);  // library lines (with -v) before ours
+    std::fprintf(stderr, "bbconf: %s%s%s\n", command.c_str(), command.empty() ? "" : ": ", msg.c_str());
+}
+
+// Points fd 1 at /dev/null or at standard error and keeps the original for
+// the answers.  Returns false when the descriptors cannot be set up.
+bool divert_library_output(bool verbose) {
+    std::fflush(stdout);
+    const int answers = ::dup(STDOUT_FILENO);
+    if (answers < 0) return false;
+    const int sink = verbose ? ::dup(STDERR_FILENO) : ::open("/dev/null", O_WRONLY | O_CLOEXEC);
+    if (sink < 0 || ::dup2(sink, STDOUT_FILENO) < 0) {
+        ::close(answers);
+        if (sink >= 0) ::close(sink);
+        return false;
+    }
+    ::close(sink);
+    ::fcntl(answers, F_SETFD, FD_CLOEXEC);
+    FILE* out = ::fdopen(answers, "w");
+    if (out == nullptr) return false;
+    g_out = out;
+    return true;
+}
+
+void answer(const std::string& line) {
+    std::fputs(line.c_str(), g_out);
+    std::fputc('\n', g_out);
+}
+
+// Loads a record for a command; reports and returns false on failure.
+bool load_for(const std::string& command, const std::string& path, bool force, Record& rec) {
+    LoadResult res = load_record(path, force, rec);
+    if (!res.ok) {
+        error_line(command, res.error + (res.crc_mismatch ? "; --force reads it anyway" : ""));
+        return false;
+    }
+    if (res.crc_mismatch) {
+        char buf[96];
+        std::snprintf(buf, sizeof buf, "checksum mismatch (stored 0x%04x, computed 0x%04x), read anyway (--force)",
+                      res.stored_crc, res.computed_crc);
+        error_line(command, "warning: " + path + ": " + buf);
+    }
+    return true;
+}
+
+std::string param_head(const ParamDef& d) { return id_text(d.id) + " " + d.name; }
+
+std::string table_line(const ParamDef& d, const std::string& value) {
+    char buf[96];
+    std::snprintf(buf, sizeof buf, "%-6s  %-26s  %-10s  ", id_text(d.id).c_str(), d.name, kind_label(d).c_str());
+    return buf + value;
+}
+
+bool utf8_valid(const std::vector<uint8_t>& s) {
+    size_t i = 0;
+    while (i < s.size()) {
+        const uint8_t c = s[i];
+        size_t extra;
+        uint32_t cp;
+        if (c < 0x80) {
+            i++;
+            continue;
+        } else if ((c & 0xe0) == 0xc0) {
+            extra = 1;
+            cp = c & 0x1f;
+        } else if ((c & 0xf0) == 0xe0) {
+            extra = 2;
+            cp = c & 0x0f;
+        } else if ((c & 0xf8) == 0xf0) {
+            extra = 3;
+            cp = c & 0x07;
+        } else {
+            return false;
+        }
+        if (i + extra >= s.size()) return false;
+        for (size_t k = 1; k <= extra; k++) {
+            if ((s[i + k] & 0xc0) != 0x80) return false;
+            cp = cp << 6 | (s[i + k] & 0x3f);
+        }
+        static const uint32_t min_cp[] = {0, 0x80, 0x800, 0x10000};
+        if (cp < min_cp[extra] || cp > 0x10ffff || (cp >= 0xd800 && cp <= 0xdfff)) return false;
+        i += extra + 1;
+    }
+    return true;
+}
+
+nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
+    nlohmann::json e;
+    e["name"] = d.name;
+    e["kind"] = kind_label(d);
+    if (!r.ok) {
+        e["value"] = nullptr;
+        e["error"] = r.error;
+    } else if (is_number(d.kind)) {
+        e["value"] = decode_number(r.wire);
+    } else if (is_text(d.kind)) {
+        e["value"] = std::string(r.wire.begin(), r.wire.end());
+        if (!utf8_valid(r.wire)) e["hex"] = to_hex(r.wire);
+    } else {
+        e["value"] = to_hex(r.wire);
+    }
+    return e;
+}
+
+void print_json(const nlohmann::json& j) {
+    answer(j.dump(2, ' ', false, nlohmann::json::error_handler_t::replace));
+}
+
+// --- init -------------------------------------------------------------------
+
+int cmd_init(const std::string& path, bool taxi, bool force) {
+    if (!force && file_exists(path)) {
+        error_line("init", path + " exists; --force replaces it with factory defaults");
+        return 1;
+    }
+    Record rec(taxi ? RecordKind::Taxi : RecordKind::Terminal);
+    rec.reset_to_defaults();
+    std::string err;
+    if (!save_record(path, rec, err)) {
+        error_line("init", err);
+        return 1;
+    }
+    answer(path + ": factory defaults written (" + record_name(rec.kind()) + " record, " +
+           std::to_string(file_size_of(rec.kind())) + " bytes)");
+    return 0;
+}
+
+// --- show / get -------------------------------------------------------------
+
+int print_params(const std::string& command, Record& rec, const std::vector<const ParamDef*>& defs, bool json) {
+    nlohmann::json j = nlohmann::json::object();
+    std::vector<std::string> lines;
+    for (const ParamDef* d : defs) {
+        const Readout r = read_param(rec, *d);
+        if (!r.ok) error_line(command, "warning: " + param_head(*d) + ": " + r.error);
+        if (json) {
+            j[id_text(d->id)] = json_entry(*d, r);
+        } else {
+            lines.push_back(table_line(*d, r.ok ? display_value(*d, r.wire) : "?"));
+        }
+    }
+    if (json) {
+        print_json(j);
+    } else {
+        for (const std::string& l : lines) answer(l);
+    }
+    return 0;
+}
+
+int cmd_show(const std::string& path, bool json, bool force) {
+    Record rec;
+    if (!load_for("show", path, force, rec)) return 1;
+    std::vector<const ParamDef*> defs;
+    for (const ParamDef& d : param_table(rec.kind())) {
+        if (is_readable(d)) defs.push_back(&d);
+    }
+    return print_params("show", rec, defs, json);
+}
+
+int cmd_get(const std::string& path, const std::vector<std::string>& names, bool json, bool force) {
+    Record rec;
+    if (!load_for("get", path, force, rec)) return 1;
+    std::vector<const ParamDef*> defs;
+    bool bad = false;
+    for (const std::string& n : names) {
+        std::string err;
+        const ParamDef* d = resolve_param(rec.kind(), n, err);
+        if (d != nullptr && !is_readable(*d)) {
+            err = param_head(*d) + ": " + read_param(rec, *d).error;
+            d = nullptr;
+        }
+        if (d == nullptr) {
+            error_line("get", err);
+            bad = true;
+        } else {
+            defs.push_back(d);
+        }
+    }
+    if (bad) return 1;
+    return print_params("get", rec, defs, json);
+}
+
+// --- set / apply ------------------------------------------------------------
+
+struct Pending {
+    std::string head;    // "0x0013 main_server_address", or the raw text when unresolved
+    std::string error;   // empty when stored
+};
+
+// Replies for a batch of values: all stored and the file written, or
+// nothing written and every refusal named.
+int finish_batch(const std::string& command, const std::string& path, const Record& rec,
+                 const std::vector<Pending>& results) {
+    size_t refused = 0;
+    for (const Pending& p : results) {
+        if (!p.error.empty()) {
+            error_line(command, p.head + ": " + p.error);
+            refused++;
+        }
+    }
+    if (refused > 0) {
+        error_line(command, path + " left unchanged: " + std::to_string(refused) + " of " +
+                                std::to_string(results.size()) + " value" + (results.size() > 1 ? "s" : "") +
+                                " refused");
+        return 1;
+    }
+    std::string err;
+    if (!results.empty() && !save_record(path, rec, err)) {
+        error_line(command, err);
+        return 1;
+    }
+    for (const Pending& p : results) answer(p.head + ": stored");
+    return 0;
+}
+
+int cmd_set(const std::string& path, const std::vector<std::string>& assignments, bool force) {
+    Record rec;
+    if (!load_for("set", path, force, rec)) return 1;
+    std::vector<Pending> results;
+    for (const std::string& a : assignments) {
+        Pending p;
+        const size_t eq = a.find('=');
+        if (eq == std::string::npos) {
+            p.head = "'" + a + "'";
+            p.error = "not of the form ID=VALUE or NAME=VALUE";
+            results.push_back(p);
+            continue;
+        }
+        const std::string key = a.substr(0, eq);
+        const ParamDef* d = resolve_param(rec.kind(), key, p.error);
+        if (d == nullptr) {
+            p.head = "'" + key + "'";
+            results.push_back(p);
+            continue;
+        }
+        p.head = param_head(*d);
+        std::vector<uint8_t> wire;
+        p.error = parse_user_value(*d, std::string_view(a).substr(eq + 1), wire);
+        if (p.error.empty()) p.error = store_param(rec, *d, wire);
+        results.push_back(p);
+    }
+    return finish_batch("set", path, rec, results);
+}
+
+bool read_stream(FILE* f, std::string& text, std::string& error) {
+    constexpr size_t kMaxText = 1 << 20;
+    char buf[4096];
+    size_t n;
+    while ((n = std::fread(buf, 1, sizeof buf, f)) > 0) {
+        text.append(buf, n);
+        if (text.size() > kMaxText) {
+            error = "over-long body: more than 1 MiB of hex text";
+            return false;
+        }
+    }
+    if (std::ferror(f)) {
+        error = std::string("cannot read the body: ") + std::strerror(errno);
+        return false;
+    }
+    return true;
+}
+
+int cmd_apply(const std::string& path, const std::string& source, bool force) {
+    Record rec;
+    if (!load_for("apply", path, force, rec)) return 1;
+    std::string text, err;
+    if (source.empty() || source == "-") {
+        if (!read_stream(stdin, text, err)) {
+            error_line("apply", err);
+            return 1;
+        }
+    } else if (file_exists(source)) {
+        FILE* f = std::fopen(source.c_str(), "rb");
+        if (f == nullptr) {
+            error_line("apply", "cannot read " + source + ": " + std::strerror(errno));
+            return 1;
+        }
+        const bool ok = read_stream(f, text, err);
+        std::fclose(f);
+        if (!ok) {
+            error_line("apply", err);
+            return 1;
+        }
+    } else {
+        text = source;
+    }
+    std::vector<uint8_t> body;
+    std::vector<BodyParam> params;
+    if (!parse_hex(text, body, err) || !parse_param_body(body.data(), body.size(), params, err)) {
+        error_line("apply", err + "; " + path + " left unchanged");
+        return 1;
+    }
+    std::vector<Pending> results;
+    for (const BodyParam& bp : params) {
+        Pending p;
+        const ParamDef* d = bp.id <= 0xffff ? find_param(rec.kind(), bp.id) : nullptr;
+        if (d == nullptr) {
+            p.head = id_text(bp.id);
+            p.error = std::string("unknown ID for a ") + record_name(rec.kind()) + " record";
+        } else {
+            p.head = param_head(*d);
+            p.error = store_param(rec, *d, bp.value);
+        }
+        results.push_back(p);
+    }
+    return finish_batch("apply", path, rec, results);
+}
+
+// --- query ------------------------------------------------------------------
+
+int cmd_query(const std::string& path, const std::vector<std::string>& names, bool force) {
+    Record rec;
+    if (!load_for("query", path, force, rec)) return 1;
+    std::vector<BodyParam> params;
+    if (names.empty()) {
+        for (const ParamDef& d : param_table(rec.kind())) {
+            if (!is_queryable(d)) continue;
+            const Readout r = read_param(rec, d);
+            if (!r.ok) {
+                error_line("query", "warning: " + param_head(d) + " left out: " + r.error);
+                continue;
+            }
+            params.push_back(BodyParam{d.id, r.wire});
+        }
+    } else {
+        bool bad = false;
+        for (const std::string& n : names) {
+            std::string err;
+            const ParamDef* d = resolve_param(rec.kind(), n, err);
+            Readout r;
+            if (d != nullptr) {
+                if (!is_queryable(*d)) {
+                    err = param_head(*d) + ": " + (is_set_only(*d) ? "set-only: the record's dictionary does not report it"
+                                                                     : read_param(rec, *d).error);
+                } else {
+                    r = read_param(rec, *d);
+                    if (!r.ok) err = param_head(*d) + ": " + r.error;
+                }
+            }
+            if (d == nullptr || !r.ok) {
+                error_line("query", err);
+                bad = true;
+                continue;
+            }
+            params.push_back(BodyParam{d->id, r.wire});
+        }
+        if (bad) return 1;
+    }
+    std::vector<uint8_t> body;
+    std::string err;
+    if (!build_param_body(params, body, err)) {
+        error_line("query", err);
+        return 1;
+    }
+    answer(to_hex(body));
+    return 0;
+}
+
+// --- check / diff / list ----------------------------------------------------
+
+int cmd_check(const std::string& path) {
+    Record rec;
+    LoadResult res = load_record(path, false, rec);
+    if (!res.ok) {
+        error_line("check", res.error);
+        return 1;
+    }
+    char buf[64];
+    std::snprintf(buf, sizeof buf, "CRC 0x%04x", res.computed_crc);
+    answer(path + ": ok (" + record_name(rec.kind()) + " record, " + buf + ")");
+    return 0;
+}
+
+int cmd_diff(const std::string& a_path, const std::string& b_path, bool force) {
+    Record a, b;
+    if (!load_for("diff", a_path, force, a) || !load_for("diff", b_path, force, b)) return 2;
+    if (a.kind() != b.kind()) {
+        error_line("diff", a_path + " is a " + record_name(a.kind()) + " record, " + b_path + " a " +
+                               record_name(b.kind()) + " record");
+        return 2;
+    }
+    size_t differ = 0;
+    for (const ParamDef& d : param_table(a.kind())) {
+        if (!is_readable(d)) continue;
+        const Readout ra = read_param(a, d);
+        const Readout rb = read_param(b, d);
+        const std::string va = ra.ok ? display_value(d, ra.wire) : "?";
+        const std::string vb = rb.ok ? display_value(d, rb.wire) : "?";
+        if (ra.ok == rb.ok && ra.wire == rb.wire) continue;
+        answer(param_head(d) + ": " + va + " -> " + vb);
+        differ++;
+    }
+    if (differ == 0 && std::memcmp(a.bytes(), b.bytes(), a.size()) != 0) {
+        answer("(the records differ only in bytes that no parameter ID reaches)");
+        differ++;
+    }
+    return differ ? 1 : 0;
+}
+
+int cmd_list(bool taxi) {
+    const RecordKind kind = taxi ? RecordKind::Taxi : RecordKind::Terminal;
+    for (const ParamDef& d : param_table(kind)) answer(table_line(d, access_label(d)));
+    return 0;
+}
+
+}  // namespace
+}  // namespace bbtool
+
+int main(int argc, char** argv) {
+    using namespace bbtool;
+    CLI::App app{"bbconf - read, change and check the parameter record files of an in-vehicle video terminal.\n"
+                 "A record file holds a terminal record (3388 bytes) or a taxi record (1039 bytes): the record\n"
+                 "followed by its CRC-CCITT (initial value 0xABCD) as a little-endian u16.",
+                 "bbconf"};
+    app.require_subcommand(1);
+    app.fallthrough();
+    bool verbose = false;
+    app.add_flag("-v,--verbose", verbose, "Show the library's diagnostic lines on standard error");
+    app.footer(
+        "Parameters are named by ID (0x0013, or decimal 19) or by name (main_server_address);\n"
+        "'bbconf list' shows the names.  Exit status: 0 done, 1 refused or failed (the file is then\n"
+        "unchanged), 2 usage error; diff: 0 same, 1 different, 2 trouble.\n\n"
+        "Examples:\n"
+        "  bbconf init terminal.bbc\n"
+        "  bbconf set terminal.bbc heartbeat_interval=30 main_server_apn=cmnet 0x0081=44\n"
+        "  bbconf get terminal.bbc 0x0001 main_server_apn\n"
+        "  bbconf apply terminal.bbc 020000000104000000300000001005636d6e6574\n"
+        "  bbconf query terminal.bbc 0x0001 0x0010\n"
+        "  bbconf show terminal.bbc --json | jq '.\"0x0001\".value'");
+
+    std::string file, file_b, body;
+    std::vector<std::string> items;
+    bool taxi = false, force = false, json = false;
+
+    auto* init = app.add_subcommand("init", "Write a record file holding factory defaults");
+    init->add_flag("--taxi", taxi, "A taxi record instead of a terminal record");
+    init->add_flag("--force", force, "Replace an existing file");
+    init->add_option("FILE", file, "Record file to create")->required();
+    init->footer("Examples:\n  bbconf init terminal.bbc\n  bbconf init --taxi taxi.bbc");
+
+    auto* show = app.add_subcommand("show", "Print every parameter of a record file");
+    show->add_option("FILE", file, "Record file")->required();
+    show->add_flag("--json", json, "One JSON object keyed by ID: {\"0x0001\": {name, kind, value}, ...}");
+    show->add_flag("--force", force, "Read the file despite a checksum mismatch");
+    show->footer("Numbers print in decimal, text quoted (non-printable bytes as \\xNN), raw bytes and\n"
+                 "blocks as hex.\n\nExamples:\n  bbconf show terminal.bbc\n"
+                 "  bbconf show terminal.bbc --json | jq -r '.\"0x0013\".value'");
+
+    auto* get = app.add_subcommand("get", "Print chosen parameters");
+    get->add_option("FILE", file, "Record file")->required();
+    get->add_option("PARAM", items, "Parameter IDs or names")->required();
+    get->add_flag("--json", json, "Print JSON as show --json does");
+    get->add_flag("--force", force, "Read the file despite a checksum mismatch");
+    get->footer("Examples:\n  bbconf get terminal.bbc heartbeat_interval 0x0013\n"
+                "  bbconf get taxi.bbc 0x0001 --json");
+
+    auto* set = app.add_subcommand("set", "Store parameters; all or nothing");
+    set->add_option("FILE", file, "Record file")->required();
+    set->add_option("PARAM=VALUE", items, "Assignments by ID or name")->required();
+    set->add_flag("--force", force, "Read the file despite a checksum mismatch (the file is rewritten "
+                                    "with a fresh checksum)");
+    set->footer(
+        "Values: numbers in decimal or 0x-hex; text as given ('text:' keeps a literal text that\n"
+        "starts with 'hex:', 'hex:' gives bytes); raw and block values as hex (wire form), with or\n"
+        "without 'hex:'.  Each value is reported stored or refused (too long for its field, wrong\n"
+        "length, unknown ID, rejected by the block codec, get-only); if any is refused nothing is\n"
+        "written.\n\nExamples:\n"
+        "  bbconf set terminal.bbc heartbeat_interval=30 server_tcp_port=0x1b58\n"
+        "  bbconf set terminal.bbc main_server_address=10.0.0.1 night_speed_limit=hex:0150220000060000\n"
+        "  bbconf set terminal.bbc 0xf364=hex:$(cat adas.hex)");
+
+    auto* apply = app.add_subcommand("apply", "Apply a 0x8103 set-terminal-parameters message body");
+    apply->add_option("FILE", file, "Record file")->required();
+    apply->add_option("BODY", body,
+                      "The body as hex, a file holding the hex, or - for standard input (the default)");
+    apply->add_flag("--force", force, "Read the file despite a checksum mismatch");
+    apply->footer(
+        "The body: a BYTE parameter count, then per parameter a DWORD ID, a BYTE length and the\n"
+        "value, big-endian.  Each parameter is reported as set reports it; the file is written\n"
+        "once, after the whole body parsed and every parameter was stored.\n\nExamples:\n"
+        "  bbconf apply terminal.bbc 0100000001040000001e\n"
+        "  xxd -p body.bin | bbconf apply terminal.bbc -");
+
+    auto* query = app.add_subcommand("query", "Print the parameter list of a 0x0104 query response as hex");
+    query->add_option("FILE", file, "Record file")->required();
+    query->add_option("PARAM", items, "Parameter IDs or names (default: every readable parameter)");
+    query->add_flag("--force", force, "Read the file despite a checksum mismatch");
+    query->footer("The list: a BYTE count, then per parameter a DWORD ID, a BYTE length and the value.\n\n"
+                  "Examples:\n  bbconf query terminal.bbc 0x0001 0x0013\n  bbconf query terminal.bbc");
+
+    auto* check = app.add_subcommand("check", "Check a record file's size and checksum (exit status 0 or 1)");
+    check->add_option("FILE", file, "Record file")->required();
+    check->footer("Example:\n  bbconf check terminal.bbc && echo intact");
+
+    auto* diff = app.add_subcommand("diff", "Print the parameters that differ between two record files");
+    diff->add_option("A", file, "First record file")->required();
+    diff->add_option("B", file_b, "Second record file")->required();
+    diff->add_flag("--force", force, "Read the files despite checksum mismatches");
+    diff->footer("Each line: ID name: value-in-A -> value-in-B.\n\nExample:\n  bbconf diff old.bbc new.bbc");
+
+    auto* list = app.add_subcommand("list", "List the parameter IDs, names and kinds the tool knows");
+    list->add_flag("--taxi", taxi, "The taxi record's parameters");
+    list->footer("Access: rw settable and readable, ro get-only, wo set-only, - neither.\n\n"
+                 "Examples:\n  bbconf list\n  bbconf list --taxi | grep phone");
+
+    try {
+        app.parse(argc, argv);
+    } catch (const CLI::ParseError& e) {
+        const int rc = app.exit(e);
+        return rc == 0 ? 0 : 2;
+    }
+
+    if (!divert_library_output(verbose)) {
+        std::fprintf(stderr, "bbconf: cannot set up the output descriptors: %s\n", std::strerror(errno));
+        return 1;
+    }
+    int rc = 2;
+    if (init->parsed()) rc = cmd_init(file, taxi, force);
+    else if (show->parsed()) rc = cmd_show(file, json, force);
+    else if (get->parsed()) rc = cmd_get(file, items, json, force);
+    else if (set->parsed()) rc = cmd_set(file, items, force);
+    else if (apply->parsed()) rc = cmd_apply(file, body, force);
+    else if (query->parsed()) rc = cmd_query(file, items, force);
+    else if (check->parsed()) rc = cmd_check(file);
+    else if (diff->parsed()) rc = cmd_diff(file, file_b, force);
+    else if (list->parsed()) rc = cmd_list(taxi);
+    std::fflush(stdout);
+    if (std::fflush(g_out) != 0 && rc == 0) rc = 1;
+    return rc;
+}
