@@ -57,6 +57,20 @@ bool is_plain(const ParamDef& d) {
            d.set == bbconf::set_str || d.set == bbconf::set_raw;
 }
 
+// Plain values: the numbers, whose get is a byte-order conversion.
+bool is_number(const ParamDef& d) {
+    return d.set == bbconf::set_u8 || d.set == bbconf::set_u16 || d.set == bbconf::set_u32;
+}
+
+std::vector<const ParamDef*> number_rows() {
+    const bbconf::Dictionary& dict = bbconf::terminal_dictionary();
+    std::vector<const ParamDef*> rows;
+    for (int i = 0; i < dict.count; i++) {
+        if (is_number(dict.rows[i])) rows.push_back(&dict.rows[i]);
+    }
+    return rows;
+}
+
 std::vector<const ParamDef*> rows_where(bool plain_only) {
     const bbconf::Dictionary& dict = bbconf::terminal_dictionary();
     std::vector<const ParamDef*> rows;
@@ -138,7 +152,7 @@ int scan_get(const bbconf::Dictionary& dict, const bbconf::DictCall& c, int id, 
 }
 
 const std::vector<const ParamDef*>& plain_sequence() {
-    static const std::vector<const ParamDef*> seq = random_sequence(rows_where(true), 1 << 16);
+    static const std::vector<const ParamDef*> seq = random_sequence(number_rows(), 1 << 16);
     return seq;
 }
 

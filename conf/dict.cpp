@@ -10,17 +10,16 @@
 namespace bbconf {
 
 const ParamDef* find_param(const Dictionary& dict, int id) {
-    if (id < 0 || id > 0xffff || dict.count <= 0) {
+    if (id < 0 || id > 0xffff) {
         return nullptr;
     }
-    const uint16_t* base = dict.keys;
-    int len = dict.count;
-    while (len > 1) {
-        int half = len / 2;
-        base = (base[half] <= id) ? base + half : base;
-        len -= half;
+    int bucket = id >> kBucketShift;
+    for (int i = dict.first[bucket], end = dict.first[bucket + 1]; i < end; i++) {
+        if (dict.keys[i] == id) {
+            return &dict.rows[i];
+        }
     }
-    return (*base == id) ? &dict.rows[base - dict.keys] : nullptr;
+    return nullptr;
 }
 
 int dict_set(const Dictionary& dict, const DictCall& c, int id, unsigned char* src, int len) {

@@ -37,10 +37,18 @@ struct ParamDef {
     GetRule get;
 };
 
-/* A dictionary: the rows and a parallel array of their IDs for the search. */
+/* The search narrows the sorted table by the ID's upper 12 bits: bucket b
+ * holds the rows whose IDs lie in [16 b, 16 b + 16), starting at row
+ * first[b] and ending before first[b + 1]; the few rows of a bucket are
+ * then compared one by one. */
+constexpr int kBucketShift = 4;
+constexpr int kBucketCount = (0x10000 >> kBucketShift) + 1;
+
+/* A dictionary: the rows, a parallel array of their IDs and the buckets. */
 struct Dictionary {
     const ParamDef* rows;
     const uint16_t* keys;
+    const uint8_t* first;
     int count;
 };
 
@@ -60,6 +68,25 @@ constexpr KeyArray<N> make_keys(const ParamDef (&rows)[N]) {
 }
 
 template <size_t N>
+struct BucketArray {
+    uint8_t first[kBucketCount];
+};
+
+template <size_t N>
+constexpr BucketArray<N> make_buckets(const ParamDef (&rows)[N]) {
+    static_assert(N < 256, "bucket starts are kept in one byte");
+    BucketArray<N> b{};
+    size_t row = 0;
+    for (int bucket = 0; bucket < kBucketCount; bucket++) {
+        while (row < N && rows[row].id < (bucket << kBucketShift)) {
+            row++;
+        }
+        b.first[bucket] = static_cast<uint8_t>(row);
+    }
+    return b;
+}
+
+template <size_t N>
 constexpr bool sorted_unique(const ParamDef (&rows)[N]) {
     for (size_t i = 1; i < N; i++) {
         if (rows[i - 1].id >= rows[i].id) {
@@ -69,7 +96,7 @@ constexpr bool sorted_unique(const ParamDef (&rows)[N]) {
     return rows[0].id > 0 && rows[N - 1].id <= 0xffff;
 }
 
-/* Branch-free binary search; nullptr when the ID is not in the table. */
+/* The row of an ID; nullptr when the ID is not in the table. */
 const ParamDef* find_param(const Dictionary& dict, int id);
 
 /* The dictionary part of a set / get after the caller's argument checks:

@@ -339,7 +339,8 @@ static_assert(sorted_unique(kRows), "the terminal dictionary must be sorted by I
 
 constexpr auto kKeys = make_keys(kRows);
 constexpr int kRowCount = static_cast<int>(sizeof kRows / sizeof kRows[0]);
-constexpr Dictionary kDict{kRows, kKeys.k, kRowCount};
+constexpr auto kBuckets = make_buckets(kRows);
+constexpr Dictionary kDict{kRows, kKeys.k, kBuckets.first, kRowCount};
 
 DictCall call_on(const char* fn, tagBB_CONF_ST* rec) {
     return DictCall{fn, bytes_of(rec), sizeof(tagBB_CONF_ST)};

@@ -212,7 +212,8 @@ constexpr bool rows_fit(const ParamDef (&rows)[N]) {
 static_assert(rows_fit(kRows), "every taxi field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
-constexpr Dictionary kDict{kRows, kKeys.k, static_cast<int>(sizeof kRows / sizeof kRows[0])};
+constexpr auto kBuckets = make_buckets(kRows);
+constexpr Dictionary kDict{kRows, kKeys.k, kBuckets.first, static_cast<int>(sizeof kRows / sizeof kRows[0])};
 
 DictCall call_on(const char* fn, tagBBTAXI_CONF_ST* rec) {
     return DictCall{fn, bytes_of(rec), sizeof(tagBBTAXI_CONF_ST)};

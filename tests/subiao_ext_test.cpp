@@ -25,7 +25,9 @@ std::string dump(const char* text) {
     Bytes b = hex(text);
     return dump_text(b.data(), static_cast<int>(b.size()));
 }
-std::string assert_line(const char* fn, const char* text) { return std::string("[ASSERT][") + fn + ":N]: " + text + "\n"; }
+std::string assert_line(const char* fn, const char* text) {
+    return std::string("[ASSERT][") + fn + ":N]: " + text + "\n";
+}
 std::string inf(const char* fn, const std::string& text) { return std::string("Inf [") + fn + "():N] " + text; }
 
 // Overwrites bytes at an offset: patch(b, 12, "ff fe").
@@ -115,19 +117,19 @@ void check_fixed(const FixedCase& c) {
     }
 }
 
-TEST(Tpms, FixedForm) {
-    check_fixed({set_as<tagBB_PARAM_TPMS_SUBIAO_ST>, get_as<tagBB_PARAM_TPMS_SUBIAO_ST>,
-                 "54 59 52 45 2d 31 31 52 32 32 2e 35"  // "TYRE-11R22.5"
-                 "00 02 01 2c 00 19 00 07 00 64 01 0e 00 5a 00 0b 00 1e 01 02 03 04 05 06",
-                 "54 59 52 45 2d 31 31 52 32 32 2e 35"
-                 "02 00 2c 01 19 00 07 00 64 00 0e 01 5a 00 0b 00 1e 00 01 02 03 04 05 06",
-                 "Tpms After Set:", "Bsd Before Get:", "Bsd After Get:",
-                 {},
-                 {{3, "78", 3, "78"}, {11, "00", 11, "00"}, {12, "ff fe", 12, "fe ff"},
-                  {28, "00 ff", 28, "ff 00"}, {31, "00", 31, "00"}}});
+FixedCase tpms_case() {
+    return {set_as<tagBB_PARAM_TPMS_SUBIAO_ST>, get_as<tagBB_PARAM_TPMS_SUBIAO_ST>,
+            "54 59 52 45 2d 31 31 52 32 32 2e 35"  // "TYRE-11R22.5"
+            "00 02 01 2c 00 19 00 07 00 64 01 0e 00 5a 00 0b 00 1e 01 02 03 04 05 06",
+            "54 59 52 45 2d 31 31 52 32 32 2e 35"
+            "02 00 2c 01 19 00 07 00 64 00 0e 01 5a 00 0b 00 1e 00 01 02 03 04 05 06",
+            "Tpms After Set:", "Bsd Before Get:", "Bsd After Get:",
+            {},
+            {{3, "78", 3, "78"}, {11, "00", 11, "00"}, {12, "ff fe", 12, "fe ff"},
+             {28, "00 ff", 28, "ff 00"}, {31, "00", 31, "00"}}};
 }
 
-TEST(Intense, FixedForm) {
+FixedCase intense_case() {
     // Mask a1b2c3d4, word i = (0x20 + i, 0x40 + i), reserved 80..87.
     std::string wire = "a1 b2 c3 d4", local = "d4 c3 b2 a1";
     char b[8];
@@ -139,34 +141,40 @@ TEST(Intense, FixedForm) {
     }
     wire += "8081828384858687";
     local += "8081828384858687";
-    check_fixed({set_as<tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST>, get_as<tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST>,
-                 wire, local, "intense driving After Set:", "intense driving Before Get:",
-                 "intense driving After Get len:54",  // the dump follows on the same line
-                 {{0, "", 8, "ff ff"}, {0, "", 14, "ff ff"}, {0, "", 20, "ff ff"},
-                  {0, "", 46, "ff ff ff ff ff ff ff ff"}},
-                 {{0, "ff ff ff fe", 0, "fe ff ff ff"}, {0, "7f ff ff ff", 0, "ff ff ff 7f"},
-                  {4, "ff fe", 4, "fe ff"}, {44, "00 00", 44, "00 00"}, {8, "00 01", 8, "01 00"}}});
+    return {set_as<tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST>, get_as<tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST>,
+            wire, local, "intense driving After Set:", "intense driving Before Get:",
+            "intense driving After Get len:54",  // the dump follows on the same line
+            {{0, "", 8, "ff ff"}, {0, "", 14, "ff ff"}, {0, "", 20, "ff ff"},
+             {0, "", 46, "ff ff ff ff ff ff ff ff"}},
+            {{0, "ff ff ff fe", 0, "fe ff ff ff"}, {0, "7f ff ff ff", 0, "ff ff ff 7f"},
+             {4, "ff fe", 4, "fe ff"}, {44, "00 00", 44, "00 00"}, {8, "00 01", 8, "01 00"}}};
 }
+
+FixedCase zhatu_case() {
+    return {set_as<tagBB_PARAM_ZT_ALARM_ST>, get_as<tagBB_PARAM_ZT_ALARM_ST>,
+            "0a 0b 0c 01 02 03 04 0d 0e 0f 10 11 12 13 14 21 22 23 24"
+            "30 31 32 33 34 35 36 37 38 39 3a 3b 3c 3d 3e 3f 40 41 42 43 44 45 46",
+            "0a 0b 0c 02 01 04 03 0d 0e 0f 10 14 13 12 11 24 23 22 21"
+            "30 31 32 33 34 35 36 37 38 39 3a 3b 3c 3d 3e 3f 40 41 42 43 44 45 46",
+            "ZhatuAlarm After Set:", "ZhatuAlarm Before Get:", "ZhatuAlarm After Get:",
+            {},
+            {{2, "00", 2, "00"}, {3, "ff 00", 3, "00 ff"}, {5, "00 ff", 5, "ff 00"},
+             {11, "ff ff ff fe", 11, "fe ff ff ff"}, {15, "00 ff ff ff", 15, "ff ff ff 00"},
+             {19, "fe", 19, "fe"}, {41, "01", 41, "01"}}};
+}
+
+TEST(Tpms, FixedForm) { check_fixed(tpms_case()); }
+TEST(Intense, FixedForm) { check_fixed(intense_case()); }
+TEST(Zhatu, FixedForm) { check_fixed(zhatu_case()); }
 
 TEST(Intense, NullWireAfterTheLengthTest) {
     tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST rec{};
     int r = 1;
-    EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&rec, nullptr, 53); }), assert_line("CMN_LStruct2B", "(BufLen >= Len)"));
-    EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&rec, nullptr, 54); }), assert_line("CMN_LStruct2B", "(pDst != NULL)"));
+    EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&rec, nullptr, 53); }),
+              assert_line("CMN_LStruct2B", "(BufLen >= Len)"));
+    EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&rec, nullptr, 54); }),
+              assert_line("CMN_LStruct2B", "(pDst != NULL)"));
     EXPECT_EQ(r, 0);
-}
-
-TEST(Zhatu, FixedForm) {
-    check_fixed({set_as<tagBB_PARAM_ZT_ALARM_ST>, get_as<tagBB_PARAM_ZT_ALARM_ST>,
-                 "0a 0b 0c 01 02 03 04 0d 0e 0f 10 11 12 13 14 21 22 23 24"
-                 "30 31 32 33 34 35 36 37 38 39 3a 3b 3c 3d 3e 3f 40 41 42 43 44 45 46",
-                 "0a 0b 0c 02 01 04 03 0d 0e 0f 10 14 13 12 11 24 23 22 21"
-                 "30 31 32 33 34 35 36 37 38 39 3a 3b 3c 3d 3e 3f 40 41 42 43 44 45 46",
-                 "ZhatuAlarm After Set:", "ZhatuAlarm Before Get:", "ZhatuAlarm After Get:",
-                 {},
-                 {{2, "00", 2, "00"}, {3, "ff 00", 3, "00 ff"}, {5, "00 ff", 5, "ff 00"},
-                  {11, "ff ff ff fe", 11, "fe ff ff ff"}, {15, "00 ff ff ff", 15, "ff ff ff 00"},
-                  {19, "fe", 19, "fe"}, {41, "01", 41, "01"}}});
 }
 
 // --- Load and size ------------------------------------------------------------------
@@ -189,9 +197,10 @@ TEST(Load, SetAcceptsAnyLength) {
         wire.resize(255, 0x77);
         Bytes rec(local.size(), 0xa5);
         int r = -1;
+        const unsigned char n = static_cast<unsigned char>(c.len);
         std::string out = output_of([&] {
-            r = c.size_block ? set_as<tagBB_PARAM_OVERSIZE_SUBIAO_ST>(wire.data(), static_cast<unsigned char>(c.len), rec.data())
-                             : set_as<tagBB_PARAM_OVERLOAD_SUBIAO_ST>(wire.data(), static_cast<unsigned char>(c.len), rec.data());
+            r = c.size_block ? set_as<tagBB_PARAM_OVERSIZE_SUBIAO_ST>(wire.data(), n, rec.data())
+                             : set_as<tagBB_PARAM_OVERLOAD_SUBIAO_ST>(wire.data(), n, rec.data());
         });
         EXPECT_EQ(r, c.len);
         EXPECT_EQ(hx(rec), hx(local));  // converted whatever len says; the load's local word cleared
@@ -284,35 +293,29 @@ TEST(Bsd, SubiaoInitialisers) {
 struct DictCase {
     int id;
     size_t offset;
-    const char* wire;
-    int set_len;         // as the caller passes it; 0: the ID is get-only
-    const char* local;
+    std::string wire, local;
+    int set_len;  // as the caller passes it; 0: the ID is get-only
     int get_min, get_ret;
 };
 
 TEST(Load, DictionaryReachesTheCodecs) {
     const DictCase cases[] = {
-        {0xf366, 1723, "54 59 52 45 2d 31 31 52 32 32 2e 35 00 02 01 2c 00 19 00 07 00 64 01 0e 00 5a 00 0b 00 1e 01 02 03 04 05 06",
-         292 /* reaches the codec as 36 */, "54 59 52 45 2d 31 31 52 32 32 2e 35 02 00 2c 01 19 00 07 00 64 00 0e 01 5a 00 0b 00 1e 00 01 02 03 04 05 06",
-         36, 36},
-        {0xf370, 2003, "00 00 00 07 00 05 00 32 ff ff 00 05 00 14 00 00 00 05 00 14 00 00 00 32 00 14 05 dc 00 14 00 64 01 f4 00 14 00 64 01 f4 00 14 00 64 05 dc 01 02 03 04 05 06 07 08",
-         54, "07 00 00 00 05 00 32 00 ff ff 05 00 14 00 00 00 05 00 14 00 00 00 32 00 14 00 dc 05 14 00 64 00 f4 01 14 00 64 00 f4 01 14 00 64 00 dc 05 01 02 03 04 05 06 07 08",
-         56, 54},
-        {0xf372, 3354, "12 34 56 78 9a bc de f0 01 02 03 04 05 06 07 08 09 0a", 300,
-         "34 12 78 56 f0 de bc 9a 04 03 02 01 05 06 08 07 0a 09 00 00", 20, 18},
-        {0xf373, 3374, "06 d6 07 3a", 4, "d6 06 3a 07", 4, 4},
-        {0xf400, 2127, "1e 06 00 00 3c 00 c8 03 02 01 01 00 00 00 3f 00 00 00 01 32 05 03 02 05 03 02 1e 05 03 02 00 00 00 00 00 00 00 00 00 00 00 00",
-         0, "1e 06 00 3c 00 c8 00 03 02 01 01 3f 00 00 00 01 00 00 00 32 05 03 02 05 03 02 1e 05 03 02 00 00 00 00 00 00 00 00 00 00 00 00",
-         42, 42},
+        {0xf366, 1723, tpms_case().wire, tpms_case().local, 292 /* reaches the codec as 36 */, 36, 36},
+        {0xf370, 2003, intense_case().wire, intense_case().local, 54, 56, 54},
+        {0xf372, 3354, kLoadWire, "34 12 78 56 f0 de bc 9a 04 03 02 01 05 06 08 07 0a 09 00 00", 300, 20, 18},
+        {0xf373, 3374, "06 d6 07 3a", "d6 06 3a 07", 4, 4, 4},
+        {0xf400, 2127, zhatu_case().wire, zhatu_case().local, 0, 42, 42},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.id);
         Bytes wire = hex(c.wire), local = hex(c.local);
+        const size_t wire_len = wire.size();
         wire.resize(300, 0x77);
         Conf conf;
         int r = 0;
-        std::string out = output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire.data(), c.set_len ? c.set_len : 42); });
-        EXPECT_EQ(r, c.set_len ? c.set_len : 42);
+        const int set_len = c.set_len ? c.set_len : 42;
+        std::string out = output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire.data(), set_len); });
+        EXPECT_EQ(r, set_len);
         if (c.set_len) {
             EXPECT_EQ(to_hex(conf.bytes() + c.offset, local.size()), hx(local));
         } else {
@@ -326,7 +329,7 @@ TEST(Load, DictionaryReachesTheCodecs) {
         EXPECT_EQ(hx(buf), hx(Bytes(buf.size(), 0xee)));
         output_of([&] { r = CMN_GetParam(&conf.rec, c.id, buf.data(), c.get_min); });
         EXPECT_EQ(r, c.get_ret);
-        EXPECT_EQ(hx(buf, 0, c.get_ret), hx(hex(c.wire)));
+        EXPECT_EQ(hx(buf, 0, c.get_ret), hx(wire, 0, wire_len));
     }
 }
 

@@ -70,7 +70,8 @@ TEST(Rs485, VehicleInitialisers) {
             EXPECT_GE(r, static_cast<int>(out.size()));
         }
         EXPECT_EQ(hx(rec), hx(c.expect));
-        EXPECT_EQ(output_of([&] { r = c.init(nullptr); }), std::string("[ASSERT][") + c.fn + ":N]: " + c.null_text + "\n");
+        EXPECT_EQ(output_of([&] { r = c.init(nullptr); }),
+                  std::string("[ASSERT][") + c.fn + ":N]: " + c.null_text + "\n");
         EXPECT_EQ(r, -1);
     }
 }
