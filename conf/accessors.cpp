@@ -11,7 +11,9 @@
 /* Defines the Set/Get pair of one block.  The block pointer is checked
  * first, under the parameter's own name, then the record pointer; the
  * record offset pins the region so that a layout change cannot silently
- * move it. */
+ * move it.  Its arguments are function names, a type and a parameter
+ * name, which cannot be parenthesised. */
+// NOLINTBEGIN(bugprone-macro-parentheses)
 #define BB_BLOCK_ACCESSORS(SetFn, GetFn, Type, pstBlock, Member, Offset)                  \
     static_assert(offsetof(tagBB_CONF_ST, Member) == (Offset), #Member " moved");        \
     static_assert(sizeof(tagBB_CONF_ST::Member) == sizeof(Type), #Member " resized");    \
@@ -27,6 +29,7 @@
         memcpy(pstBlock, bbconf::bytes_of(pbbConf) + (Offset), sizeof(Type));             \
         return 0;                                                                        \
     }
+// NOLINTEND(bugprone-macro-parentheses)
 
 BB_BLOCK_ACCESSORS(CMN_SetGeneralAVEncParam, CMN_GetGeneralAVEncParam, tagAV_ENC_PARAM_ST,
                    pstGeneralAVEncParam, stAVEnc, 686)

@@ -333,15 +333,15 @@ void clear(unsigned char* rec, const ZeroRun& run) { memset(rec + run.offset, 0,
 /* The per-channel parts of the three video blocks and the wake-up periods. */
 void write_video_entries(unsigned char* rec) {
     for (int k = 1; k <= kVideoChannels; k++) {
-        unsigned char* look_up = rec + kLookUpEntries + (k - 1) * kLookUpEntrySize;
+        unsigned char* look_up = rec + kLookUpEntries + static_cast<size_t>(k - 1) * kLookUpEntrySize;
         look_up[0] = static_cast<unsigned char>(k); /* physical channel */
         look_up[1] = static_cast<unsigned char>(k); /* logical channel */
-        unsigned char* entry = rec + kChannelEntries + (k - 1) * kChannelEntrySize;
+        unsigned char* entry = rec + kChannelEntries + static_cast<size_t>(k - 1) * kChannelEntrySize;
         entry[0] = static_cast<unsigned char>(k);   /* logical channel */
         write_defaults(entry, kChannelEntry);
     }
     for (int i = 0; i < kWakeUpPeriodCount; i++) {
-        write_defaults(rec + kWakeUpPeriods + i * kWakeUpPeriodSize, kWakeUpPeriod);
+        write_defaults(rec + kWakeUpPeriods + static_cast<size_t>(i) * kWakeUpPeriodSize, kWakeUpPeriod);
     }
 }
 
