@@ -22,7 +22,7 @@ namespace {
 /* --- Tyre pressure ------------------------------------------------------ */
 
 constexpr WireField kTpmsFields[] = {
-    {0, 0, 1, 12, true},  /* tyre specification text, byte by byte */
+    {0, 0, 1, 12, true},  /* tyre size designation text, byte by byte */
     {12, 12, 2, 9, true}, /* unit, normal pressure, imbalance, slow leak, low,
                              high, temperature, voltage, report interval */
     {30, 30, 1, 6, true}, /* reserved */
