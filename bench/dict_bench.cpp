@@ -53,20 +53,14 @@ private:
 
 // Plain rows: numbers, strings and raw values, which print nothing.
 bool is_plain(const ParamDef& d) {
-    return d.set == bbconf::set_u8 || d.set == bbconf::set_u16 || d.set == bbconf::set_u32 ||
-           d.set == bbconf::set_str || d.set == bbconf::set_raw;
-}
-
-// Plain values: the numbers, whose get is a byte-order conversion.
-bool is_number(const ParamDef& d) {
-    return d.set == bbconf::set_u8 || d.set == bbconf::set_u16 || d.set == bbconf::set_u32;
+    return d.set == bbconf::set_number || d.set == bbconf::set_str || d.set == bbconf::set_raw;
 }
 
 std::vector<const ParamDef*> number_rows() {
     const bbconf::Dictionary& dict = bbconf::terminal_dictionary();
     std::vector<const ParamDef*> rows;
     for (int i = 0; i < dict.count; i++) {
-        if (is_number(dict.rows[i])) rows.push_back(&dict.rows[i]);
+        if (bbconf::is_number(dict.rows[i])) rows.push_back(&dict.rows[i]);
     }
     return rows;
 }
@@ -90,16 +84,6 @@ std::vector<const ParamDef*> random_sequence(const std::vector<const ParamDef*>&
     return seq;
 }
 
-// The length a set of the row is given: the value's width for numbers,
-// the room for strings and raw values (short of a block's minimum for
-// blocks, which then report a length mismatch).
-int set_len(const ParamDef& d) {
-    if (d.set == bbconf::set_u8) return 1;
-    if (d.set == bbconf::set_u16) return 2;
-    if (d.set == bbconf::set_u32) return 4;
-    return d.limit;
-}
-
 struct Fixture {
     tagBB_CONF_ST rec{};
     // Wire values: ones (channel counts of 1 for the channel list).  Both
@@ -120,10 +104,12 @@ void set_and_get(benchmark::State& state, bool plain_only) {
     std::shuffle(order.begin(), order.end(), std::mt19937(7u));
     Fixture f;
     Silence quiet;
+    // The limit is the width of a number and the room of a string or raw
+    // value (short of a block's minimum, which then reports a mismatch).
     size_t i = 0;
     for (auto _ : state) {
         const ParamDef& d = *order[i];
-        benchmark::DoNotOptimize(CMN_SetParam(&f.rec, d.id, f.wire(), set_len(d)));
+        benchmark::DoNotOptimize(CMN_SetParam(&f.rec, d.id, f.wire(), d.limit));
         benchmark::DoNotOptimize(CMN_GetParam(&f.rec, d.id, f.out(), 512));
         i = (i + 1 == order.size()) ? 0 : i + 1;
     }
@@ -145,7 +131,7 @@ BENCHMARK(BM_SetGetAllIds);
 int scan_get(const bbconf::Dictionary& dict, const bbconf::DictCall& c, int id, unsigned char* buf, int buflen) {
     for (int i = 0; i < dict.count; i++) {
         if (dict.rows[i].id == id) {
-            return dict.rows[i].get(dict.rows[i], c, buf, buflen);
+            return bbconf::get_value(dict.rows[i], c, buf, buflen);
         }
     }
     return -1;

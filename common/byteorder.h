@@ -75,6 +75,19 @@ inline void store_ne(unsigned char* p, unsigned width, uint32_t v) {
     }
 }
 
+/* Converts a number of width 1, 2 or 4 bytes between wire and record order
+ * (on the little-endian host, a reversal of its bytes).  The width is not
+ * branched on: the four copies clamp their index to the last byte, so the
+ * narrow widths rewrite that byte instead of running past it.  Table
+ * walks that mix widths in unpredictable order run without stalls. */
+inline void reverse_number(unsigned char* dst, const unsigned char* src, unsigned width) {
+    const unsigned last = width - 1;
+    for (unsigned j = 0; j < 4; j++) {
+        const unsigned i = j < last ? j : last;
+        dst[i] = src[last - i];
+    }
+}
+
 /* The all-ones value of a field: the platform's "keep unchanged" marker. */
 inline uint32_t all_ones(unsigned width) {
     return width >= 4 ? 0xffffffffu : (1u << (8 * width)) - 1u;

@@ -13,13 +13,15 @@ const ParamDef* find_param(const Dictionary& dict, int id) {
     if (id < 0 || id > 0xffff) {
         return nullptr;
     }
-    int bucket = id >> kBucketShift;
-    for (int i = dict.first[bucket], end = dict.first[bucket + 1]; i < end; i++) {
-        if (dict.keys[i] == id) {
-            return &dict.rows[i];
-        }
+    const uint16_t key = static_cast<uint16_t>(id);
+    const int start = dict.first[key >> kBucketShift];
+    const uint16_t* window = dict.keys + start;
+    int below = 0;
+    for (int j = 0; j < kBucketSpan; j++) {
+        below += window[j] < key;
     }
-    return nullptr;
+    const int i = start + below;
+    return i < dict.count && dict.keys[i] == id ? &dict.rows[i] : nullptr;
 }
 
 int dict_set(const Dictionary& dict, const DictCall& c, int id, unsigned char* src, int len) {
@@ -38,17 +40,18 @@ int dict_get(const Dictionary& dict, const DictCall& c, int id, unsigned char* d
         BB_ERR_FN(c.fn, "Not Find ID:%#x\n", static_cast<unsigned>(id));
         return -1;
     }
-    return d->get(*d, c, dst, buflen);
+    return get_value(*d, c, dst, buflen);
 }
 
-void set_u8(const ParamDef& d, const DictCall& c, unsigned char* src, int) { *field(d, c) = src[0]; }
-
-void set_u16(const ParamDef& d, const DictCall& c, unsigned char* src, int) {
-    store_ne16(field(d, c), load_be16(src));
+int get_value(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {
+    if (is_number(d)) {
+        return get_number(d, c, dst, buflen);
+    }
+    return d.get(d, c, dst, buflen);
 }
 
-void set_u32(const ParamDef& d, const DictCall& c, unsigned char* src, int) {
-    store_ne32(field(d, c), load_be32(src));
+void set_number(const ParamDef& d, const DictCall& c, unsigned char* src, int) {
+    reverse_number(field(d, c), src, d.limit);
 }
 
 void set_str(const ParamDef& d, const DictCall& c, unsigned char* src, int len) {
@@ -66,19 +69,9 @@ void set_raw(const ParamDef& d, const DictCall& c, unsigned char* src, int len) 
     memcpy(field(d, c), src, static_cast<size_t>(len));
 }
 
-int get_u8(const ParamDef& d, const DictCall& c, unsigned char* dst, int) {
-    dst[0] = *field(d, c);
-    return 1;
-}
-
-int get_u16(const ParamDef& d, const DictCall& c, unsigned char* dst, int) {
-    store_be16(dst, load_ne16(field(d, c)));
-    return 2;
-}
-
-int get_u32(const ParamDef& d, const DictCall& c, unsigned char* dst, int) {
-    store_be32(dst, load_ne32(field(d, c)));
-    return 4;
+int get_number(const ParamDef& d, const DictCall& c, unsigned char* dst, int) {
+    reverse_number(dst, field(d, c), d.limit);
+    return d.limit;
 }
 
 int get_str(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {

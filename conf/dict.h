@@ -38,11 +38,15 @@ struct ParamDef {
 };
 
 /* The search narrows the sorted table by the ID's upper 12 bits: bucket b
- * holds the rows whose IDs lie in [16 b, 16 b + 16), starting at row
- * first[b] and ending before first[b + 1]; the few rows of a bucket are
- * then compared one by one. */
+ * holds the rows whose IDs lie in [16 b, 16 b + 16) and starts at row
+ * first[b].  A bucket has at most 16 rows, so the row of an ID is first[b]
+ * plus the number of the 16 keys from there that lie below the ID: keys of
+ * later buckets are larger, and the key array is padded with 16 keys of
+ * 0xffff.  The count is the same work for every ID, without a branch the
+ * processor could mispredict when IDs arrive in random order. */
 constexpr int kBucketShift = 4;
-constexpr int kBucketCount = (0x10000 >> kBucketShift) + 1;
+constexpr int kBucketSpan = 1 << kBucketShift;
+constexpr int kBucketCount = 0x10000 >> kBucketShift;
 
 /* A dictionary: the rows, a parallel array of their IDs and the buckets. */
 struct Dictionary {
@@ -52,17 +56,17 @@ struct Dictionary {
     int count;
 };
 
-/* Builds the key array of a row table at compile time. */
+/* Builds the padded key array of a row table at compile time. */
 template <size_t N>
 struct KeyArray {
-    uint16_t k[N];
+    uint16_t k[N + kBucketSpan];
 };
 
 template <size_t N>
 constexpr KeyArray<N> make_keys(const ParamDef (&rows)[N]) {
     KeyArray<N> keys{};
-    for (size_t i = 0; i < N; i++) {
-        keys.k[i] = static_cast<uint16_t>(rows[i].id);
+    for (size_t i = 0; i < N + kBucketSpan; i++) {
+        keys.k[i] = i < N ? static_cast<uint16_t>(rows[i].id) : 0xffff;
     }
     return keys;
 }
@@ -105,13 +109,18 @@ const ParamDef* find_param(const Dictionary& dict, int id);
 int dict_set(const Dictionary& dict, const DictCall& c, int id, unsigned char* src, int len);
 int dict_get(const Dictionary& dict, const DictCall& c, int id, unsigned char* dst, int buflen);
 
+/* Runs the get rule of a row.  Numbers, most of the IDs, are read here
+ * rather than through the rule pointer: an indirect call whose target
+ * changes with every ID costs more than the read itself. */
+int get_value(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
+
 /* Field address of a row inside the call's record. */
 inline unsigned char* field(const ParamDef& d, const DictCall& c) { return c.rec + d.offset; }
 
 /* --- Set rules ---------------------------------------------------------- */
-void set_u8(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
-void set_u16(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
-void set_u32(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
+/* A number of limit (1, 2 or 4) bytes: big-endian on the wire, native in
+ * the record; len is not consulted. */
+void set_number(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
 /* STR(limit): len above limit (unsigned) stores nothing; else at most len
  * characters up to a NUL, terminated. */
 void set_str(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
@@ -119,9 +128,9 @@ void set_str(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
 void set_raw(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
 
 /* --- Get rules ---------------------------------------------------------- */
-int get_u8(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
-int get_u16(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
-int get_u32(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
+/* A number of limit (1, 2 or 4) bytes, written big-endian; returns limit.
+ * buflen is not consulted. */
+int get_number(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
 /* Text without terminator: min(strlen, buflen - 1) bytes; -1 for buflen < 1.
  * The text may run on past its field (never past the record). */
 int get_str(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
@@ -130,6 +139,14 @@ int get_str(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen
 int get_raw_fixed(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
 /* No value on the get side, no message (IDs that are only ever set). */
 int get_silent(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
+
+/* --- Row kinds shared by both records ------------------------------------ */
+constexpr ParamDef U8(int id, uint16_t off) { return {id, off, 1, set_number, get_number}; }
+constexpr ParamDef U16(int id, uint16_t off) { return {id, off, 2, set_number, get_number}; }
+constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_number, get_number}; }
+
+/* Whether a row holds a plain number (its width is the row's limit). */
+constexpr bool is_number(const ParamDef& d) { return d.get == get_number; }
 
 }  // namespace bbconf
 

@@ -45,7 +45,7 @@ int get_hlj_block(const ParamDef& d, const DictCall& c, unsigned char* dst, int 
 
 /* 0x0081 / 0x0082: a 16-bit value whose get reports 4 bytes. */
 int get_u16_ret4(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {
-    get_u16(d, c, dst, buflen);
+    get_number(d, c, dst, buflen);
     return 4;
 }
 
@@ -144,9 +144,6 @@ int get_debug_dump(const ParamDef&, const DictCall& c, unsigned char* dst, int b
 
 #define OFF(f) static_cast<uint16_t>(offsetof(tagBB_CONF_ST, f))
 
-constexpr ParamDef U8(int id, uint16_t off) { return {id, off, 1, set_u8, get_u8}; }
-constexpr ParamDef U16(int id, uint16_t off) { return {id, off, 2, set_u16, get_u16}; }
-constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_u32, get_u32}; }
 constexpr ParamDef STR(int id, uint16_t off, uint16_t n) { return {id, off, n, set_str, get_str}; }
 constexpr ParamDef RAW(int id, uint16_t off, uint16_t n, GetRule g) { return {id, off, n, set_raw, g}; }
 constexpr ParamDef GET_ONLY(int id, uint16_t off, uint16_t n, GetRule g) { return {id, off, n, nullptr, g}; }
@@ -241,8 +238,8 @@ constexpr ParamDef kRows[] = {
     RAW(0x007c, OFF(stWakeUpMode), sizeof(tagWAKEUP_MODE_PARAM_ST), get_raw_fixed),
     /* Vehicle, GNSS and CAN. */
     U32(0x0080, OFF(uiOdometer)),
-    {0x0081, OFF(usProvinceId), 2, set_u16, get_u16_ret4},
-    {0x0082, OFF(usCityId), 2, set_u16, get_u16_ret4},
+    {0x0081, OFF(usProvinceId), 2, set_number, get_u16_ret4},
+    {0x0082, OFF(usCityId), 2, set_number, get_u16_ret4},
     STR(0x0083, OFF(szPlate), 31),
     U8(0x0084, OFF(ucPlateColor)),
     U8(0x0090, OFF(ucGnssMode)),
@@ -355,16 +352,8 @@ int terminal_get_width(int id) {
     if (d == nullptr || d->get == nullptr) {
         return 0;
     }
-    if (d->get == get_u8) {
-        return 1;
-    }
-    if (d->get == get_u16 || d->get == get_u16_ret4) {
-        return 2;
-    }
-    if (d->get == get_u32) {
-        return 4;
-    }
-    if (d->get == get_raw_always || d->get == get_channel_list) {
+    if (is_number(*d) || d->get == get_u16_ret4 || d->get == get_raw_always ||
+        d->get == get_channel_list) {
         return d->limit;
     }
     return 0;

@@ -27,24 +27,15 @@ constexpr int kSetRoom = 256;
  * 0 for strings, raw values, blocks and unknown IDs. */
 int number_set_width(int id) {
     const bbconf::ParamDef* d = bbconf::find_param(bbconf::terminal_dictionary(), id);
-    if (d == nullptr) {
+    if (d == nullptr || d->set != bbconf::set_number) {
         return 0;
     }
-    if (d->set == bbconf::set_u8) {
-        return 1;
-    }
-    if (d->set == bbconf::set_u16) {
-        return 2;
-    }
-    if (d->set == bbconf::set_u32) {
-        return 4;
-    }
-    return 0;
+    return d->limit;
 }
 
 /* Sets a number of `width` bytes, big-endian, as a wire value of that
  * length; the buffer behind it is zero for codecs that read on. */
-int set_number(tagBB_CONF_ST* pbbConf, int id, uint32_t value, int width) {
+int set_typed(tagBB_CONF_ST* pbbConf, int id, uint32_t value, int width) {
     if (number_set_width(id) > width) {
         return -1;
     }
@@ -60,15 +51,15 @@ bool get_fits(int id, int room) { return bbconf::terminal_get_width(id) <= room;
 }  // namespace
 
 int CMN_SetByteParam(tagBB_CONF_ST* pbbConf, int id, unsigned char value) {
-    return set_number(pbbConf, id, value, 1);
+    return set_typed(pbbConf, id, value, 1);
 }
 
 int CMN_SetWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned short value) {
-    return set_number(pbbConf, id, value, 2);
+    return set_typed(pbbConf, id, value, 2);
 }
 
 int CMN_SetDWordParam(tagBB_CONF_ST* pbbConf, int id, unsigned int value) {
-    return set_number(pbbConf, id, value, 4);
+    return set_typed(pbbConf, id, value, 4);
 }
 
 int CMN_SetStrParam(tagBB_CONF_ST* pbbConf, int id, unsigned char* str, int len) {

@@ -59,10 +59,7 @@ void set_accepted_not_stored(const ParamDef&, const DictCall&, unsigned char*, i
 #define WIDTH(f) sizeof(tagBBTAXI_CONF_ST::f)
 #define ELEM_WIDTH(a) sizeof(tagBBTAXI_CONF_ST::a[0])
 
-constexpr ParamDef U8(int id, uint16_t off) { return {id, off, 1, set_u8, get_u8}; }
-constexpr ParamDef U16(int id, uint16_t off) { return {id, off, 2, set_u16, get_u16}; }
-constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_u32, get_u32}; }
-constexpr ParamDef U16_IN_U32(int id, uint16_t off) { return {id, off, 4, set_u16_into_u32, get_u32}; }
+constexpr ParamDef U16_IN_U32(int id, uint16_t off) { return {id, off, 4, set_u16_into_u32, get_number}; }
 /* Raw bytes copied without a terminator into a field of width bytes; the
  * set never writes the field's last byte, so the zero the reset left there
  * ends the text that the get reads back. */
