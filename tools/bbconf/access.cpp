@@ -53,34 +53,6 @@ uint32_t number_max(Kind k) {
     }
 }
 
-bool parse_number(std::string_view s, uint64_t& out) {
-    int base = 10;
-    if (s.size() > 2 && s[0] == '0' && (s[1] == 'x' || s[1] == 'X')) {
-        base = 16;
-        s.remove_prefix(2);
-    }
-    if (s.empty()) return false;
-    uint64_t v = 0;
-    for (char c : s) {
-        int d;
-        if (c >= '0' && c <= '9') {
-            d = c - '0';
-        } else if (base == 16 && c >= 'a' && c <= 'f') {
-            d = c - 'a' + 10;
-        } else if (base == 16 && c >= 'A' && c <= 'F') {
-            d = c - 'A' + 10;
-        } else {
-            return false;
-        }
-        v = v * static_cast<uint64_t>(base) + static_cast<uint64_t>(d);
-        if (v > 0xffffffffull) {
-            v = 0x100000000ull;  // saturate: out of every range
-        }
-    }
-    out = v;
-    return true;
-}
-
 bool starts_with(std::string_view s, std::string_view prefix) {
     return s.size() >= prefix.size() && s.substr(0, prefix.size()) == prefix;
 }

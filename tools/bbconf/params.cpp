@@ -294,13 +294,16 @@ std::vector<ParamDef> taxi_rows() {
     return t;
 }
 
-bool parse_unsigned(std::string_view s, uint32_t& out) {
-    if (s.empty()) return false;
+
+}  // namespace
+
+bool parse_number(std::string_view s, uint64_t& out) {
     int base = 10;
     if (s.size() > 2 && s[0] == '0' && (s[1] == 'x' || s[1] == 'X')) {
         base = 16;
         s.remove_prefix(2);
     }
+    if (s.empty()) return false;
     uint64_t v = 0;
     for (char c : s) {
         int d;
@@ -314,13 +317,13 @@ bool parse_unsigned(std::string_view s, uint32_t& out) {
             return false;
         }
         v = v * static_cast<uint64_t>(base) + static_cast<uint64_t>(d);
-        if (v > 0xffffffffu) return false;
+        if (v > 0xffffffffull) {
+            v = 0x100000000ull;  // saturate: out of every range
+        }
     }
-    out = static_cast<uint32_t>(v);
+    out = v;
     return true;
 }
-
-}  // namespace
 
 const std::vector<ParamDef>& param_table(RecordKind kind) {
     static const std::vector<ParamDef> terminal = terminal_rows();
@@ -345,11 +348,12 @@ const ParamDef* find_param(RecordKind kind, std::string_view name) {
 const ParamDef* resolve_param(RecordKind kind, std::string_view text, std::string& error) {
     const bool numeric = !text.empty() && std::isdigit(static_cast<unsigned char>(text[0]));
     if (numeric) {
-        uint32_t id = 0;
-        if (!parse_unsigned(text, id)) {
+        uint64_t v = 0;
+        if (!parse_number(text, v) || v > 0xffffffffu) {
             error = "'" + std::string(text) + "' is neither a parameter ID (0x0013 or 19) nor a name";
             return nullptr;
         }
+        const uint32_t id = static_cast<uint32_t>(v);
         const ParamDef* d = find_param(kind, id);
         if (d == nullptr) {
             error = "unknown ID " + id_text(id) + " for a " + record_name(kind) + " record";

@@ -79,6 +79,10 @@ const char* record_name(RecordKind kind);   // "terminal" / "taxi"
 size_t record_size(RecordKind kind);        // 3386 / 1037
 std::string id_text(uint32_t id);           // "0x0013"
 
+// Decimal or 0x-prefixed hexadecimal; values above 32 bits come out as
+// 0x100000000, outside every range.
+bool parse_number(std::string_view s, uint64_t& out);
+
 }  // namespace bbtool
 
 #endif  // BBCONF_TOOL_PARAMS_H
