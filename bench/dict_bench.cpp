@@ -7,9 +7,6 @@
 // process's standard output is sent to /dev/null and restored after it.
 #include <benchmark/benchmark.h>
 
-#include <fcntl.h>
-#include <unistd.h>
-
 #include <algorithm>
 #include <cstdio>
 #include <ctime>
@@ -20,36 +17,13 @@
 #include "common/byteorder.h"
 #include "conf/dict.h"
 #include "conf/params.h"
+#include "quiet_stdout.h"
 
 namespace {
 
 using bbconf::ParamDef;
 
-// Standard output goes to /dev/null for the lifetime of the object.
-class Silence {
-public:
-    Silence() {
-        std::fflush(stdout);
-        saved_ = dup(STDOUT_FILENO);
-        int null_fd = open("/dev/null", O_WRONLY);
-        if (null_fd >= 0) {
-            dup2(null_fd, STDOUT_FILENO);
-            close(null_fd);
-        }
-    }
-    ~Silence() {
-        std::fflush(stdout);
-        if (saved_ >= 0) {
-            dup2(saved_, STDOUT_FILENO);
-            close(saved_);
-        }
-    }
-    Silence(const Silence&) = delete;
-    Silence& operator=(const Silence&) = delete;
-
-private:
-    int saved_ = -1;
-};
+using bbtest::QuietStdout;
 
 // Plain rows: numbers, strings and raw values, which print nothing.
 bool is_plain(const ParamDef& d) {
@@ -93,7 +67,7 @@ struct Fixture {
     std::vector<unsigned char> out_frame = std::vector<unsigned char>(1024, 0);
     unsigned char* out() { return out_frame.data() + 256; }
     Fixture() {
-        Silence quiet;
+        QuietStdout quiet;
         CMN_InitBbConfToDefault(&rec);
     }
 };
@@ -103,7 +77,7 @@ void set_and_get(benchmark::State& state, bool plain_only) {
     std::vector<const ParamDef*> order = rows;
     std::shuffle(order.begin(), order.end(), std::mt19937(7u));
     Fixture f;
-    Silence quiet;
+    QuietStdout quiet;
     // The limit is the width of a number and the room of a string or raw
     // value (short of a block's minimum, which then reports a mismatch).
     size_t i = 0;
