@@ -1,7 +1,7 @@
 // dictionary_ids_test.cpp - which of the 65536 parameter IDs the terminal
-// dictionary knows: every ID is tried on get and on set with the output
-// captured, and the IDs that report "Not Find" must be exactly the ones
-// missing from the published ID tables.
+// dictionary knows: every ID is tried on get and on set, and the IDs that do
+// not report "Not Find" must be exactly the published ones; then the exact
+// "Not Find" lines and results.
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
@@ -12,50 +12,31 @@
 #include "test_util.h"
 
 using bbtest::Conf;
+using bbtest::output_of;
 
 namespace {
 
-struct Range {
-    int first;
-    int last;
-};
-
+// clang-format off
 // The communication, alarm/video/vehicle and vendor ID tables.
-const Range kKnown[] = {
-    // Communication.
-    {0x0001, 0x0007}, {0x0010, 0x001d}, {0x0020, 0x0029}, {0x002c, 0x0031},
-    // Telephony, alarms, video, vehicle, GNSS, CAN.
-    {0x0040, 0x0049}, {0x0050, 0x005e}, {0x0064, 0x0065}, {0x0070, 0x0077}, {0x0079, 0x007c},
-    {0x0080, 0x0084}, {0x0090, 0x0095}, {0x00a1, 0x00a2}, {0x0100, 0x0103}, {0x0110, 0x0110},
-    // Vendor values.
-    {0x101a, 0x101f}, {0x1031, 0x1031}, {0x8620, 0x8620}, {0x8f21, 0x8f21},
+const int kKnown[][2] = {
+    {0x0001, 0x0007}, {0x0010, 0x001d}, {0x0020, 0x0029}, {0x002c, 0x0031}, {0x0040, 0x0049}, {0x0050, 0x005e},
+    {0x0064, 0x0065}, {0x0070, 0x0077}, {0x0079, 0x007c}, {0x0080, 0x0084}, {0x0090, 0x0095}, {0x00a1, 0x00a2},
+    {0x0100, 0x0103}, {0x0110, 0x0110}, {0x101a, 0x101f}, {0x1031, 0x1031}, {0x8620, 0x8620}, {0x8f21, 0x8f21},
     {0xc21b, 0xc21b}, {0xc222, 0xc223}, {0xc255, 0xc255}, {0xc257, 0xc258}, {0xc25b, 0xc25c},
     // Heibiao blocks: four IDs named like decimals, not a hexadecimal range.
-    {0xe138, 0xe139}, {0xe140, 0xe141},
-    {0xf001, 0xf002}, {0xf011, 0xf011}, {0xf0e9, 0xf0e9}, {0xf0ef, 0xf0ef}, {0xf106, 0xf106},
-    {0xf108, 0xf108}, {0xf110, 0xf110}, {0xf113, 0xf114}, {0xf120, 0xf12a}, {0xf200, 0xf202},
-    {0xf364, 0xf368}, {0xf370, 0xf370}, {0xf372, 0xf373}, {0xf3f0, 0xf3f0}, {0xf400, 0xf400},
-    {0xf441, 0xf441}, {0xf641, 0xf641},
-    {0xfe05, 0xfe06}, {0xfe09, 0xfe0a}, {0xfe10, 0xfe10},
-    // Device identity.
-    {0xff00, 0xff02},
+    {0xe138, 0xe139}, {0xe140, 0xe141}, {0xf001, 0xf002}, {0xf011, 0xf011}, {0xf0e9, 0xf0e9}, {0xf0ef, 0xf0ef},
+    {0xf106, 0xf106}, {0xf108, 0xf108}, {0xf110, 0xf110}, {0xf113, 0xf114}, {0xf120, 0xf12a}, {0xf200, 0xf202},
+    {0xf364, 0xf368}, {0xf370, 0xf370}, {0xf372, 0xf373}, {0xf3f0, 0xf3f0}, {0xf400, 0xf400}, {0xf441, 0xf441},
+    {0xf641, 0xf641}, {0xfe05, 0xfe06}, {0xfe09, 0xfe0a}, {0xfe10, 0xfe10}, {0xff00, 0xff02},
 };
+// clang-format on
 
 // Known on get but absent on set.
-const int kGetOnly[] = {0x0026, 0xe138, 0xe139, 0xe140, 0xe141, 0xf3f0,
-                        0xf400, 0xf441, 0xf641, 0xff00, 0xff01, 0xff02};
+const int kGetOnly[] = {0x0026, 0xe138, 0xe139, 0xe140, 0xe141, 0xf3f0, 0xf400, 0xf441, 0xf641, 0xff00, 0xff01, 0xff02};
 
-std::set<int> known_ids() {
-    std::set<int> ids;
-    for (const Range& r : kKnown) {
-        for (int id = r.first; id <= r.last; id++) ids.insert(id);
-    }
-    return ids;
-}
-
-// Runs one call per ID from 0x0001 to 0xfffe with standard output
-// captured (unmasked: megabytes of it) and returns the IDs that did not
-// report "Not Find" in the given form: "0x..\n" on get, "..  \n" on set.
+// Calls call(id) for 0x0001..0xfffe with the output captured (unmasked:
+// megabytes of it) and returns the IDs that did not report "Not Find" in
+// the given form: "0x..\n" on get, ".. \n" on set.
 template <typename F>
 std::set<int> ids_found(F&& call, bool get_form) {
     std::fflush(stdout);
@@ -90,28 +71,50 @@ std::string missing_from(const std::set<int>& a, const std::set<int>& b) {
     return s;
 }
 
-TEST(DictionaryIds, ExactlyThePublishedIdsAreKnownOnGet) {
+TEST(DictionaryIds, ExactlyThePublishedIdsAreKnown) {
     Conf conf;
-    bbtest::output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
-    // Room ahead of the buffer too: the ADAS codec logs the bytes before it.
-    std::vector<unsigned char> frame(1024);
-    std::set<int> found = ids_found([&](int id) { CMN_GetParam(&conf.rec, id, frame.data() + 256, 512); }, true);
-    std::set<int> want = known_ids();
-    EXPECT_EQ(missing_from(found, want), "") << "known but not published";
-    EXPECT_EQ(missing_from(want, found), "") << "published but unknown";
-}
-
-TEST(DictionaryIds, ExactlyTheSettableIdsAreKnownOnSet) {
-    Conf conf;
-    bbtest::output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
-    // Zeros with room on both sides: block codecs may read a whole form and
-    // log bytes ahead of the value.
+    output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    std::set<int> want;
+    for (const auto& r : kKnown) {
+        for (int id = r[0]; id <= r[1]; id++) want.insert(id);
+    }
+    // Zeros with room on both sides: block codecs read a whole form and the
+    // ADAS codec logs the bytes ahead of the buffer.
     std::vector<unsigned char> frame(1024, 0);
-    std::set<int> found = ids_found([&](int id) { CMN_SetParam(&conf.rec, id, frame.data() + 256, 0); }, false);
-    std::set<int> want = known_ids();
+    std::set<int> found = ids_found([&](int id) { CMN_GetParam(&conf.rec, id, frame.data() + 256, 512); }, true);
+    EXPECT_EQ(missing_from(found, want), "") << "known on get but not published";
+    EXPECT_EQ(missing_from(want, found), "") << "published but unknown on get";
+
     for (int id : kGetOnly) want.erase(id);
+    std::fill(frame.begin(), frame.end(), 0);
+    found = ids_found([&](int id) { CMN_SetParam(&conf.rec, id, frame.data() + 256, 0); }, false);
     EXPECT_EQ(missing_from(found, want), "") << "settable but not published";
     EXPECT_EQ(missing_from(want, found), "") << "published but not settable";
+}
+
+// Unknown IDs (and get-only ones on set): one line, len back on set, -1 on
+// get, the record untouched.
+TEST(DictionaryIds, NotFindLinesAndResults) {
+    const struct {
+        int id;
+        bool get_too;
+    } cases[] = {{0x0008, true},  {0x0032, true}, {0x0120, true},  {0x1019, true},
+                 {0x10000, true}, {-5, true},     {0x0026, false}, {0xe138, false}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.id);
+        Conf conf, before;
+        unsigned char wire[64] = {1, 2, 3, 4, 5, 6, 7, 8};
+        char want[64];
+        int r = 0;
+        std::snprintf(want, sizeof want, "Err [CMN_SetParam():N] Not Find ID:%x \n", static_cast<unsigned>(c.id));
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire, 7); }), want);
+        EXPECT_EQ(r, 7);
+        EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
+        if (!c.get_too) continue;
+        std::snprintf(want, sizeof want, "Err [CMN_GetParam():N] Not Find ID:%#x\n", static_cast<unsigned>(c.id));
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, wire, sizeof wire); }), want);
+        EXPECT_EQ(r, -1);
+    }
 }
 
 }  // namespace

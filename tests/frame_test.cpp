@@ -1,194 +1,271 @@
 // frame_test.cpp - the parameter access frame: argument checks in their
-// order, both "Not Find" forms, and every value kind on the communication
-// IDs 0x0001 - 0x0031.
+// order, and every number, text and raw ID of the terminal dictionary at its
+// offset and through its get rule.
+#include <algorithm>
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "test_util.h"
 
 using bbtest::Conf;
 using bbtest::output_of;
+using bbtest::to_hex;
 
 namespace {
 
-unsigned char kWire[8] = {0x12, 0x34, 0x56, 0x78, 0x9a, 0xbc, 0xde, 0xf0};
+unsigned char kWire[8] = {0x81, 0x92, 0xa3, 0xb4, 0xc5, 0xd6, 0xe7, 0xf8};
 
-struct ArgCase {
-    const char* name;
-    int id;
-    bool null_buf;
-    bool null_rec;
-    const char* set_text;
-    const char* get_text;
-};
+Conf patterned() {
+    Conf c;
+    std::memset(&c.rec, 0x5a, sizeof c.rec);
+    return c;
+}
+
+// The offsets of the bytes that differ.
+std::string diff(Conf& a, Conf& b) {
+    std::string s;
+    for (size_t i = 0; i < sizeof a.rec; i++) {
+        if (a.bytes()[i] != b.bytes()[i]) s += " " + std::to_string(i);
+    }
+    return s;
+}
+
+// n bytes of src, then one byte still 0xee.
+std::string then_ee(const unsigned char* src, int n) { return n > 0 ? to_hex(src, n) + " ee" : "ee"; }
+
+const std::vector<unsigned char> kUntouched(256, 0xee);
 
 TEST(Frame, ArgumentChecksInOrder) {
-    const ArgCase cases[] = {
-        {"id 0 before buffer", 0x0000, true, true, "0x0000 != ParamId", "0x0000 != ParamId"},
-        {"reserved before buffer", 0xffff, true, true, "BB_PARAM_ID_RESERVED != ParamId",
-         "BB_PARAM_ID_RESERVED != ParamId"},
-        {"buffer before record", 0x0001, true, true, "NULL != pStr", "NULL != pBuf"},
-        {"record", 0x0001, false, true, "NULL != pbbConf", "NULL != pbbConf"},
+    const struct {
+        int id;
+        unsigned char* buf;
+        const char *set_text, *get_text;
+    } cases[] = {
+        {0x0000, nullptr, "0x0000 != ParamId", "0x0000 != ParamId"},
+        {0xffff, nullptr, "BB_PARAM_ID_RESERVED != ParamId", "BB_PARAM_ID_RESERVED != ParamId"},
+        {0x0001, nullptr, "NULL != pStr", "NULL != pBuf"},
+        {0x0001, kWire, "NULL != pbbConf", "NULL != pbbConf"},
     };
     for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Conf conf;
-        tagBB_CONF_ST* rec = c.null_rec ? nullptr : &conf.rec;
-        unsigned char* buf = c.null_buf ? nullptr : kWire;
         int r = 0;
-        EXPECT_EQ(output_of([&] { r = CMN_SetParam(rec, c.id, buf, 4); }),
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(nullptr, c.id, c.buf, 4); }),
                   std::string("[ASSERT][CMN_SetParam:N]: ") + c.set_text + "\n");
         EXPECT_EQ(r, -1);
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(rec, c.id, buf, 4); }),
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(nullptr, c.id, c.buf, 4); }),
                   std::string("[ASSERT][CMN_GetParam:N]: ") + c.get_text + "\n");
         EXPECT_EQ(r, -1);
     }
 }
 
-TEST(Frame, UnknownIdsOnBothSides) {
-    const int unknown[] = {0x0008, 0x000f, 0x001e, 0x001f, 0x002a, 0x002b, 0x0032, 0x003f, 0x0026 /* set only */,
-                           0x10000, -5};
-    for (int id : unknown) {
-        SCOPED_TRACE(id);
-        Conf conf;
-        Conf before = conf;
-        unsigned char wire[8] = {1, 2, 3, 4, 5, 6, 7, 8};
-        int r = 0;
-        char expect[64];
-        std::snprintf(expect, sizeof expect, "Err [CMN_SetParam():N] Not Find ID:%x \n", static_cast<unsigned>(id));
-        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, wire, 7); }), expect);
-        EXPECT_EQ(r, 7);
-        EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
-        if (id == 0x0026) continue;
-        std::snprintf(expect, sizeof expect, "Err [CMN_GetParam():N] Not Find ID:%#x\n", static_cast<unsigned>(id));
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, id, wire, 8); }), expect);
-        EXPECT_EQ(r, -1);
-    }
-    // The forms differ: "8" on set, "0x8" on get.
-    Conf conf;
-    EXPECT_EQ(output_of([&] { CMN_GetParam(&conf.rec, 0x0008, kWire, 4); }),
-              "Err [CMN_GetParam():N] Not Find ID:0x8\n");
-}
-
-struct NumCase {
-    int id;
+// IDs first..last at offset, offset + stride, ...; width is the bytes of a
+// number or the characters of a text.
+struct IdRun {
+    int first, last;
     size_t offset;
     int width;
 };
 
-// Every numeric communication ID: the wire value lands native at its offset,
-// nothing else changes, and the get gives the same big-endian bytes back.
-TEST(Frame, NumericCommunicationIds) {
-    const NumCase cases[] = {
-        {0x0001, 0, 4},   {0x0002, 4, 4},   {0x0003, 8, 4},   {0x0004, 12, 4},  {0x0005, 16, 4},
-        {0x0006, 20, 4},  {0x0007, 24, 4},  {0x0018, 348, 4}, {0x0019, 352, 4}, {0x001b, 388, 4},
-        {0x001c, 392, 4}, {0x0020, 428, 4}, {0x0021, 432, 4}, {0x0022, 436, 4}, {0x0027, 440, 4},
-        {0x0028, 444, 4}, {0x0029, 448, 4}, {0x002c, 452, 4}, {0x002d, 456, 4}, {0x002e, 460, 4},
-        {0x002f, 464, 4}, {0x0030, 468, 4}, {0x0031, 472, 2},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.id);
-        Conf conf;
-        std::memset(&conf.rec, 0x5a, sizeof conf.rec);
-        Conf before = conf;
-        // The set reads exactly the kind's bytes and never compares len.
-        EXPECT_EQ(output_of([&] { EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, kWire, 1), 1); }), "");
-        for (int i = 0; i < c.width; i++) {
-            EXPECT_EQ(conf.bytes()[c.offset + i], kWire[c.width - 1 - i]) << "byte " << i;
-            conf.bytes()[c.offset + i] = 0x5a;
-        }
-        EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
-        CMN_SetParam(&conf.rec, c.id, kWire, 4);
-        unsigned char out[8] = {0};
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, 0), c.width);  // BufLen not consulted
-        EXPECT_EQ(std::memcmp(out, kWire, c.width), 0);
-        EXPECT_EQ(out[c.width], 0);
-    }
-}
-
-struct StrCase {
-    int id;
-    size_t offset;
-    int limit;
+// clang-format off
+const IdRun kNumbers[] = {
+    {0x0001, 0x0007, 0, 4},    {0x0018, 0x0019, 348, 4},  {0x001b, 0x001c, 388, 4},  {0x0020, 0x0022, 428, 4},
+    {0x0027, 0x0029, 440, 4},  {0x002c, 0x0030, 452, 4},  {0x0031, 0x0031, 472, 2},  {0x0045, 0x0047, 554, 4},
+    {0x0050, 0x005a, 598, 4},  {0x005b, 0x005e, 642, 2},  {0x0064, 0x0065, 650, 4},  {0x0070, 0x0074, 662, 4},
+    {0x007a, 0x007a, 682, 4},  {0x0080, 0x0080, 1136, 4}, {0x0081, 0x0082, 1140, 2}, {0x0084, 0x0084, 1176, 1},
+    {0x0090, 0x0092, 1177, 1}, {0x0093, 0x0093, 1180, 4}, {0x0094, 0x0094, 1184, 1}, {0x0095, 0x0095, 1185, 4},
+    {0x00a1, 0x00a1, 2274, 1}, {0x00a2, 0x00a2, 2273, 1}, {0x0100, 0x0100, 1189, 4}, {0x0101, 0x0101, 1193, 2},
+    {0x0102, 0x0102, 1195, 4}, {0x0103, 0x0103, 1199, 2}, {0x101a, 0x101d, 2275, 2}, {0x101e, 0x101f, 2283, 1},
+    {0x1031, 0x1031, 2285, 1}, {0xc223, 0xc223, 2189, 4}, {0xc257, 0xc258, 2203, 4}, {0xc25b, 0xc25c, 2211, 4},
+    {0xf011, 0xf011, 1433, 4}, {0xf106, 0xf106, 2297, 2}, {0xf108, 0xf108, 2286, 1}, {0xf110, 0xf110, 2287, 1},
+    {0xf113, 0xf113, 2288, 1}, {0xf128, 0xf129, 3213, 4}, {0xf12a, 0xf12a, 3221, 1}, {0xf200, 0xf201, 1437, 1},
+    {0xf202, 0xf202, 1439, 4},
 };
 
-TEST(Frame, StringCommunicationIds) {
-    const StrCase cases[] = {
-        {0x0010, 28, 31},   {0x0011, 60, 31},   {0x0012, 92, 31},   {0x0013, 124, 63},
-        {0x0014, 188, 31},  {0x0015, 220, 31},  {0x0016, 252, 31},  {0x0017, 284, 63},
-        {0x001a, 356, 31},  {0x001d, 396, 31},  {0x0023, 2893, 31}, {0x0024, 2925, 31},
-        {0x0025, 2957, 31},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.id);
-        Conf conf;
-        std::memset(&conf.rec, 0x5a, sizeof conf.rec);
-        Conf before = conf;
-        unsigned char text[80];
-        for (int i = 0; i < 80; i++) text[i] = static_cast<unsigned char>('A' + i % 26);
+// Texts in fields of width + 1; 0x0023-0x0025 and 0xf120-0xf122 share theirs.
+const IdRun kTexts[] = {
+    {0x0010, 0x0012, 28, 31},   {0x0013, 0x0013, 124, 63},  {0x0014, 0x0016, 188, 31},  {0x0017, 0x0017, 284, 63},
+    {0x001a, 0x001a, 356, 31},  {0x001d, 0x001d, 396, 31},  {0x0023, 0x0025, 2893, 31}, {0x0040, 0x0044, 474, 15},
+    {0x0048, 0x0049, 566, 15},  {0x0083, 0x0083, 1144, 31}, {0xf120, 0xf122, 2893, 31}, {0xf123, 0xf123, 2989, 63},
+    {0xf124, 0xf126, 3053, 31}, {0xf127, 0xf127, 3149, 63}, {0xfe05, 0xfe05, 1273, 31}, {0xfe06, 0xfe06, 1305, 15},
+    {0xfe09, 0xfe0a, 1369, 31},
+};
+// clang-format on
 
-        // Too long (limit + 1, negative): dropped silently, len returned.
-        for (int len : {c.limit + 1, -1}) {
-            int r = 0;
-            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, text, len); }), "");
-            EXPECT_EQ(r, len);
-            EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
+template <size_t N, typename F>
+void for_each_id(const IdRun (&runs)[N], int stride_extra, F&& f) {
+    for (const IdRun& run : runs) {
+        for (int id = run.first; id <= run.last; id++) {
+            SCOPED_TRACE(testing::Message() << std::hex << "ID 0x" << id);
+            f(run, id, run.offset + (id - run.first) * (run.width + stride_extra));
         }
-        // At the limit: stored and terminated, nothing else touched.
-        EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, text, c.limit), c.limit);
-        EXPECT_EQ(std::memcmp(conf.bytes() + c.offset, text, c.limit), 0);
-        EXPECT_EQ(conf.bytes()[c.offset + c.limit], 0);
-        std::memcpy(conf.bytes() + c.offset, before.bytes() + c.offset, c.limit + 1);
-        EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
-
-        // A NUL inside the value ends the stored text.
-        unsigned char with_nul[] = {'a', 'b', 0, 'c'};
-        CMN_SetParam(&conf.rec, c.id, with_nul, 4);
-        EXPECT_STREQ(reinterpret_cast<char*>(conf.bytes() + c.offset), "ab");
-
-        // Gets copy min(strlen, BufLen - 1) bytes without terminator.
-        CMN_SetParam(&conf.rec, c.id, text, 10);
-        unsigned char out[80];
-        std::memset(out, 0xee, sizeof out);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, 4), 3);
-        EXPECT_EQ(std::memcmp(out, "ABC", 3), 0);
-        EXPECT_EQ(out[3], 0xee);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, 11), 10);
-        EXPECT_EQ(std::memcmp(out, text, 10), 0);
-        EXPECT_EQ(out[10], 0xee);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, 1), 0);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, 0), -1);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, -3), -1);
     }
 }
 
-TEST(Frame, SlaveServerText) {
-    Conf conf;
-    const char addr[] = "10.1.2.3";
-    CMN_SetParam(&conf.rec, 0xf123, (unsigned char*)addr, sizeof addr - 1);
-    unsigned char port[4] = {0x00, 0x00, 0x1b, 0x60};  // 7008
-    CMN_SetParam(&conf.rec, 0x0018, port, 4);
-    char out[80];
-    std::memset(out, 0, sizeof out);
-    EXPECT_EQ(CMN_GetParam(&conf.rec, 0x0026, reinterpret_cast<unsigned char*>(out), sizeof out), -1);
-    EXPECT_STREQ(out, "10.1.2.3:7008");
-    // Bounded by the caller's buffer.
-    std::memset(out, 0x7f, sizeof out);
-    EXPECT_EQ(CMN_GetParam(&conf.rec, 0x0026, reinterpret_cast<unsigned char*>(out), 5), -1);
-    EXPECT_STREQ(out, "10.1");
-    EXPECT_EQ(out[5], 0x7f);
+// Big-endian on the wire, native in the record, only kind bytes read.
+TEST(Frame, EveryNumberId) {
+    for_each_id(kNumbers, 0, [](const IdRun& run, int id, size_t off) {
+        Conf conf = patterned(), want = patterned();
+        for (int i = 0; i < run.width; i++) want.bytes()[off + i] = kWire[run.width - 1 - i];
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, kWire, 1); }), "");
+        EXPECT_EQ(r, 1);
+        EXPECT_EQ(diff(conf, want), "");
+        unsigned char out[8];
+        std::memset(out, 0xee, sizeof out);
+        // BufLen is not consulted; province and city report 4 for their 2 bytes.
+        EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, 0), id == 0x0081 || id == 0x0082 ? 4 : run.width);
+        EXPECT_EQ(to_hex(out, run.width + 1), then_ee(kWire, run.width));
+    });
 }
 
-TEST(Frame, SlaveServerFieldsAreShared) {
-    const int pairs[][2] = {{0x0023, 0xf120}, {0x0024, 0xf121}, {0x0025, 0xf122}};
-    for (const auto& p : pairs) {
+TEST(Frame, EveryTextId) {
+    unsigned char text[80];
+    for (int i = 0; i < 80; i++) text[i] = static_cast<unsigned char>('A' + i % 26);
+    for_each_id(kTexts, 1, [&](const IdRun& run, int id, size_t off) {
+        const int limit = run.width;
+        Conf conf = patterned(), want = patterned();
+        // Too long: dropped silently, len returned.
+        for (int len : {limit + 1, -1}) {
+            int r = 0;
+            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, text, len); }), "");
+            EXPECT_EQ(r, len);
+            EXPECT_EQ(diff(conf, want), "");
+        }
+        EXPECT_EQ(CMN_SetParam(&conf.rec, id, text, limit), limit);
+        std::memcpy(want.bytes() + off, text, limit);
+        want.bytes()[off + limit] = 0;
+        EXPECT_EQ(diff(conf, want), "");
+        // Gets copy min(strlen, BufLen - 1) bytes without a terminator.
+        const int gets[][2] = {{80, limit}, {limit + 1, limit}, {limit, limit - 1}, {4, 3}, {1, 0}, {0, -1}, {-3, -1}};
+        for (const auto& g : gets) {
+            unsigned char out[80];
+            std::memset(out, 0xee, sizeof out);
+            EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, g[0]), g[1]) << "BufLen " << g[0];
+            EXPECT_EQ(to_hex(out, std::max(g[1], 0) + 1), then_ee(text, g[1]));
+        }
+        // A NUL inside the value ends the stored text.
+        unsigned char with_nul[] = {'a', 'b', 0, 'c'};
+        CMN_SetParam(&conf.rec, id, with_nul, 4);
+        EXPECT_STREQ(reinterpret_cast<char*>(conf.bytes() + off), "ab");
+    });
+}
+
+enum RawGet { kFixed, kAlways, kOwn, kNoSet };
+
+// Raw values: verbatim up to their size on set; a fixed get returns the
+// size and writes nothing into a shorter buffer, 0x0110 writes its 8 bytes
+// whatever BufLen says.  Rows marked kOwn have get rules of their own
+// (below); 0xf3f0 is get-only.
+struct RawCase {
+    int id;
+    size_t offset;
+    int size;
+    RawGet get;
+};
+
+// clang-format off
+const RawCase kRaws[] = {
+    {0x0076, 707, 151, kOwn},   {0x0079, 1111, 3, kFixed},  {0x007b, 1114, 2, kFixed},  {0x007c, 1116, 20, kFixed},
+    {0x0110, 1201, 8, kAlways}, {0x8620, 2345, 128, kFixed}, {0x8f21, 2299, 46, kFixed}, {0xc21b, 2169, 10, kOwn},
+    {0xc222, 2179, 10, kOwn},   {0xc255, 2193, 10, kOwn},   {0xf001, 1241, 8, kFixed},  {0xf002, 1249, 8, kFixed},
+    {0xf0e9, 1981, 4, kFixed},  {0xf114, 2289, 8, kOwn},    {0xf367, 1759, 2, kFixed},  {0xf3f0, 2059, 68, kNoSet},
+};
+// clang-format on
+
+TEST(Frame, EveryRawId) {
+    unsigned char value[160];
+    for (int i = 0; i < 160; i++) value[i] = static_cast<unsigned char>(i + 1);
+    for (const RawCase& c : kRaws) {
+        SCOPED_TRACE(c.id);
+        Conf conf = patterned(), want = patterned();
+        int r = 0;
+        if (c.get != kNoSet) {
+            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, value, c.size + 1); }), "");
+            EXPECT_EQ(r, c.size + 1);
+            EXPECT_EQ(diff(conf, want), "");
+            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, value, c.size), c.size);
+            std::memcpy(want.bytes() + c.offset, value, c.size);
+            EXPECT_EQ(diff(conf, want), "");
+            // A shorter value replaces only its own bytes.
+            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, kWire, 1), 1);
+            want.bytes()[c.offset] = kWire[0];
+            EXPECT_EQ(diff(conf, want), "");
+        } else {
+            std::memcpy(conf.bytes() + c.offset, value, c.size);
+        }
+        if (c.get == kOwn) continue;
+        unsigned char out[200];
+        std::memset(out, 0xee, sizeof out);
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.size - 1); }), "");
+        EXPECT_EQ(r, c.size);
+        EXPECT_EQ(to_hex(out, c.size + 1),
+                  then_ee(c.get == kAlways ? conf.bytes() + c.offset : kUntouched.data(), c.size));
+        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, c.size), c.size);
+        EXPECT_EQ(to_hex(out, c.size + 1), then_ee(conf.bytes() + c.offset, c.size));
+    }
+}
+
+// Gets with rules of their own.  0xc21b/0xc222/0xc255 store raw bytes
+// without a terminator and read them as text, so a full 0xc21b runs on into
+// 0xc222; 0xf114 gives min(8, BufLen - 1) bytes; 0x0026 writes
+// "address:port" from 0xf123 and 0x0018, bounded by BufLen, and reports -1.
+TEST(Frame, OwnGetRules) {
+    Conf conf;
+    unsigned char old_value[] = "ABCDEFG", short_value[] = "abc", x[] = "xxxxxxxxxx", addr[] = "10.1.2.3";
+    unsigned char f114[8] = {1, 2, 3, 4, 5, 6, 7, 8}, port[4] = {0x00, 0x00, 0x1b, 0x60};
+    for (int id : {0xc222, 0xc255}) {
+        CMN_SetParam(&conf.rec, id, old_value, 7);
+        CMN_SetParam(&conf.rec, id, short_value, 3);
+    }
+    CMN_SetParam(&conf.rec, 0xc21b, x, 10);
+    CMN_SetParam(&conf.rec, 0xf114, f114, 8);
+    CMN_SetParam(&conf.rec, 0xf123, addr, 8);
+    CMN_SetParam(&conf.rec, 0x0018, port, 4);
+    using namespace std::string_literals;
+    const struct {
+        int id, buflen, ret;
+        std::string written;
+    } cases[] = {
+        // clang-format off
+        {0xc222, 32, 7, "abcDEFG"}, {0xc255, 32, 7, "abcDEFG"}, {0xc21b, 32, 17, "xxxxxxxxxxabcDEFG"},
+        {0xc21b, 6, 5, "xxxxx"},    {0xf114, -1, -1, ""},       {0xf114, 0, -1, ""},
+        {0xf114, 1, 0, ""},         {0xf114, 5, 4, "\1\2\3\4"}, {0xf114, 8, 7, "\1\2\3\4\5\6\7"},
+        {0xf114, 9, 8, "\1\2\3\4\5\6\7\10"}, {0xf114, 64, 8, "\1\2\3\4\5\6\7\10"},
+        {0x0026, 80, -1, "10.1.2.3:7008\0"s}, {0x0026, 5, -1, "10.1\0"s},
+        // clang-format on
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << c.id << " BufLen " << c.buflen);
+        unsigned char out[80];
+        std::memset(out, 0xee, sizeof out);
+        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, c.buflen), c.ret);
+        const int n = static_cast<int>(c.written.size());
+        EXPECT_EQ(to_hex(out, n + 1), then_ee(reinterpret_cast<const unsigned char*>(c.written.data()), n));
+    }
+}
+
+// 0x0076 sends the three counts and (their sum modulo 256) entries of 4,
+// capped at 37 with a line; BufLen is not consulted.
+TEST(Frame, ChannelListGet) {
+    const struct {
+        int counts[3], ret;
+        const char* out;
+    } cases[] = {{{0, 0, 0}, 3, ""},
+                 {{1, 1, 0}, 11, ""},
+                 {{0, 0, 37}, 151, ""},
+                 {{200, 50, 10}, 19, ""},  // 260 modulo 256
+                 {{20, 10, 8}, 151, "Err [CMN_GetParam():N] Total Ch Num:38=20+10+8 Over:37\n"}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.ret);
         Conf conf;
-        unsigned char out[32];
-        CMN_SetParam(&conf.rec, p[0], (unsigned char*)"apn1", 4);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, p[1], out, sizeof out), 4);
-        CMN_SetParam(&conf.rec, p[1], (unsigned char*)"xy", 2);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, p[0], out, sizeof out), 2);
-        EXPECT_EQ(std::memcmp(out, "xy", 2), 0);
+        unsigned char list[151], out[160];
+        for (int i = 0; i < 151; i++) list[i] = static_cast<unsigned char>(i < 3 ? c.counts[i] : i);
+        CMN_SetParam(&conf.rec, 0x0076, list, 151);
+        std::memset(out, 0xee, sizeof out);
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, 0x0076, out, 4); }), c.out);
+        EXPECT_EQ(r, c.ret);
+        EXPECT_EQ(to_hex(out, c.ret + 1), then_ee(list, c.ret));
     }
 }
 

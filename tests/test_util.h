@@ -78,6 +78,25 @@ inline std::string dump_text(const unsigned char* p, int n) {
     return s + "\n\n";
 }
 
+// Byte-level adapters of the block codec overloads, so that one table can
+// hold blocks of different types.
+template <typename T>
+int set_as(unsigned char* w, unsigned char n, unsigned char* l) {
+    return CMN_B2LStruct(w, n, reinterpret_cast<T*>(l));
+}
+template <typename T>
+int get_as(unsigned char* l, unsigned char* w, unsigned n) {
+    return CMN_LStruct2B(reinterpret_cast<T*>(l), w, n);
+}
+template <typename T>
+int hlj_set_as(unsigned char* w, unsigned char n, unsigned char* l) {
+    return CMN_HljB2LStruct(w, n, reinterpret_cast<T*>(l));
+}
+template <typename T>
+int hlj_get_as(unsigned char* l, unsigned char* w, unsigned n) {
+    return CMN_HljLStruct2B(reinterpret_cast<T*>(l), w, n);
+}
+
 // A zeroed record on the heap (the terminal record is 3386 bytes).
 struct Conf {
     tagBB_CONF_ST rec{};

@@ -1,78 +1,145 @@
-// typed_test.cpp - the byte, word, dword and string wrappers: the wire
-// value they build, what each leaves in the output on failure, and the
-// refusal of IDs wider than the variable.
+// typed_test.cpp - the byte, word, dword and string wrappers (the wire value
+// they build, what each leaves in its output on failure, the refusal of IDs
+// wider than the variable) and the whole-block accessors.
 #include <cstring>
 #include <string>
+#include <vector>
 
 #include "test_util.h"
 
 using bbtest::Conf;
+using bbtest::hex;
 using bbtest::output_of;
 using bbtest::to_hex;
 
 namespace {
 
-TEST(Typed, RoundTripsAtTheRightOffset) {
-    Conf conf;
-    EXPECT_EQ(CMN_SetDWordParam(&conf.rec, 0x0001, 30), 4);
-    unsigned int v = 0;
-    EXPECT_EQ(CMN_GetDWordParam(&conf.rec, 0x0001, &v), 4);
-    EXPECT_EQ(v, 30u);
-    EXPECT_EQ(to_hex(conf.bytes(), 4), "1e 00 00 00");
+enum Width { kByte = 1, kWord = 2, kDWord = 4 };
 
-    EXPECT_EQ(CMN_SetWordParam(&conf.rec, 0x0031, 0x1234), 2);
-    EXPECT_EQ(to_hex(conf.bytes() + 472, 2), "34 12");
-    unsigned short w = 0;
-    EXPECT_EQ(CMN_GetWordParam(&conf.rec, 0x0031, &w), 2);
-    EXPECT_EQ(w, 0x1234);
-
-    EXPECT_EQ(CMN_SetByteParam(&conf.rec, 0x0084, 0xa7), 1);
-    EXPECT_EQ(conf.bytes()[1176], 0xa7);
-    unsigned char b = 0;
-    EXPECT_EQ(CMN_GetByteParam(&conf.rec, 0x0084, &b), 1);
-    EXPECT_EQ(b, 0xa7);
+int set_typed(Conf& c, Width w, int id, unsigned v) {
+    if (w == kByte) return CMN_SetByteParam(&c.rec, id, static_cast<unsigned char>(v));
+    if (w == kWord) return CMN_SetWordParam(&c.rec, id, static_cast<unsigned short>(v));
+    return CMN_SetDWordParam(&c.rec, id, v);
 }
 
-// Province and city report 4 while carrying their 16-bit value.
-TEST(Typed, ProvinceReportsFour) {
-    Conf conf;
-    EXPECT_EQ(CMN_SetWordParam(&conf.rec, 0x0081, 0x002c), 2);
-    unsigned short w = 0;
-    EXPECT_EQ(CMN_GetWordParam(&conf.rec, 0x0081, &w), 4);
-    EXPECT_EQ(w, 0x002c);
-}
-
-// Unknown IDs: the word and dword outputs become 0, the byte keeps its value.
-TEST(Typed, UnknownIdOutputs) {
-    Conf conf;
+// The getter's result; *value is the variable afterwards, which starts as
+// 0x5a, 0xbeef or 0xdeadbeef.
+int get_typed(Conf& c, Width w, int id, unsigned* value) {
     unsigned char b = 0x5a;
-    unsigned short w = 0xbeef;
-    unsigned int d = 0xdeadbeef;
-    int rb = 0, rw = 0, rd = 0;
-    std::string out = output_of([&] {
-        rb = CMN_GetByteParam(&conf.rec, 0x0008, &b);
-        rw = CMN_GetWordParam(&conf.rec, 0x0008, &w);
-        rd = CMN_GetDWordParam(&conf.rec, 0x0008, &d);
-    });
-    EXPECT_EQ(rb, -1);
-    EXPECT_EQ(rw, -1);
-    EXPECT_EQ(rd, -1);
-    EXPECT_EQ(b, 0x5a);
-    EXPECT_EQ(w, 0);
-    EXPECT_EQ(d, 0u);
-    const std::string line = "Err [CMN_GetParam():N] Not Find ID:0x8\n";
-    EXPECT_EQ(out, line + line + line);
+    unsigned short s = 0xbeef;
+    unsigned d = 0xdeadbeef;
+    int r = w == kByte   ? CMN_GetByteParam(&c.rec, id, &b)
+            : w == kWord ? CMN_GetWordParam(&c.rec, id, &s)
+                         : CMN_GetDWordParam(&c.rec, id, &d);
+    *value = w == kByte ? b : w == kWord ? s : d;
+    return r;
 }
 
-// A null record is refused by the dictionary; the word getter still stores 0.
-TEST(Typed, NullRecordAndNullOutput) {
+// On the factory record (province 0x2c).  Unknown IDs: word and dword become 0, the byte
+// keeps its value.  IDs whose get writes more than the variable holds are
+// refused silently and leave it alone.  Narrower values land in the high
+// bytes; text and short raw gets are cut to the variable.
+TEST(Typed, Getters) {
+    const std::string nf = "Err [CMN_GetParam():N] Not Find ID:0x8\n";
+    const struct {
+        Width w;
+        int id, ret;
+        unsigned value;
+        std::string out;
+    } cases[] = {
+        {kByte, 0x0008, -1, 0x5a, nf},       {kWord, 0x0008, -1, 0, nf},           {kDWord, 0x0008, -1, 0, nf},
+        {kByte, 0x0001, -1, 0x5a, ""},       {kByte, 0x0031, -1, 0x5a, ""},        {kByte, 0x0081, -1, 0x5a, ""},
+        {kByte, 0x0110, -1, 0x5a, ""},       {kByte, 0x0076, -1, 0x5a, ""},        {kByte, 0xf202, -1, 0x5a, ""},
+        {kWord, 0x0001, -1, 0xbeef, ""},     {kWord, 0x0110, -1, 0xbeef, ""},      {kWord, 0x0076, -1, 0xbeef, ""},
+        {kWord, 0xc223, -1, 0xbeef, ""},     {kDWord, 0x0110, -1, 0xdeadbeef, ""}, {kDWord, 0x0076, -1, 0xdeadbeef, ""},
+        {kDWord, 0x0001, 4, 20, ""},         {kWord, 0x0031, 2, 500, ""},          {kByte, 0x0084, 1, 9, ""},
+        {kWord, 0x0081, 4, 0x2c, ""},        {kWord, 0x0084, 1, 0x0900, ""},       {kDWord, 0x0084, 1, 0x09000000, ""},
+        {kDWord, 0x0031, 2, 0x01f40000, ""}, {kWord, 0xf367, 2, 0x0505, ""},       {kDWord, 0xf0e9, 4, 0x01323202, ""},
+        {kWord, 0xf114, 1, 0x0100, ""},      {kDWord, 0x0010, 3, 0x33676e00, ""},  {kByte, 0x0010, 0, 0x5a, ""},
+        {kWord, 0xf001, 8, 0, ""},           {kDWord, 0xf364, -1, 0, ""},
+    };
+    Conf conf;
+    output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    CMN_SetWordParam(&conf.rec, 0x0081, 0x002c);
+    const Conf before = conf;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "width " << c.w << " ID 0x" << std::hex << c.id);
+        unsigned value = 0;
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = get_typed(conf, c.w, c.id, &value); }), c.out);
+        EXPECT_EQ(r, c.ret);
+        EXPECT_EQ(value, c.value);
+    }
+    EXPECT_EQ(std::memcmp(&before.rec, &conf.rec, sizeof conf.rec), 0);
+}
+
+// Setters send the value high byte first with their own length: narrower
+// numbers take its high bytes, raw IDs its bytes, text IDs its characters.
+// A number ID wider than the value is refused silently with -1.  The rest
+// of the record stays zero: the load block (0xf372) reads 18 bytes, zeros
+// after the word, never the stack.
+TEST(Typed, Setters) {
+    const struct {
+        Width w;
+        int id;
+        unsigned value;
+        int ret;
+        size_t offset;
+        const char* stored;
+        const char* out;  // nullptr: the block codec's own lines
+    } cases[] = {
+        {kDWord, 0x0001, 30, 4, 0, "1e 00 00 00", ""},
+        {kWord, 0x0031, 0x1234, 2, 472, "34 12", ""},
+        {kByte, 0x0084, 0xa7, 1, 1176, "a7", ""},
+        {kWord, 0x0084, 0x1234, 2, 1176, "12", ""},
+        {kDWord, 0x0031, 0x01f4abcd, 4, 472, "f4 01", ""},
+        {kWord, 0xf367, 0x0a0b, 2, 1759, "0a 0b", ""},
+        {kDWord, 0x0010, 0x41424344, 4, 28, "41 42 43 44 00", ""},
+        {kDWord, 0xf373, (1750u << 16) | 1850u, 4, 3374, "d6 06 3a 07", nullptr},
+        {kWord, 0xf372, 10000, 2, 3354, "10 27 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00 00", nullptr},
+        {kByte, 0x0001, 0x99, -1, 0, "", ""},
+        {kByte, 0x0031, 0x99, -1, 0, "", ""},
+        {kByte, 0x0082, 0x99, -1, 0, "", ""},
+        {kWord, 0xf202, 0x9999, -1, 0, "", ""},
+        {kWord, 0x0008, 1, 2, 0, "", "Err [CMN_SetParam():N] Not Find ID:8 \n"},
+        {kByte, 0, 1, -1, 0, "", "[ASSERT][CMN_SetParam:N]: 0x0000 != ParamId\n"},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(testing::Message() << "width " << c.w << " ID 0x" << std::hex << c.id);
+        Conf conf, want;
+        const std::vector<unsigned char> stored = hex(c.stored);
+        std::memcpy(want.bytes() + c.offset, stored.data(), stored.size());
+        int r = 0;
+        std::string out = output_of([&] { r = set_typed(conf, c.w, c.id, c.value); });
+        EXPECT_EQ(out, c.out ? c.out : out);
+        EXPECT_EQ(r, c.ret);
+        EXPECT_EQ(std::memcmp(&want.rec, &conf.rec, sizeof conf.rec), 0)
+            << to_hex(conf.bytes() + c.offset, stored.size());
+    }
+}
+
+// Strings pass straight through to the dictionary.
+TEST(Typed, Strings) {
+    Conf conf;
+    unsigned char text[40], out[40] = {};
+    std::memset(text, 'q', sizeof text);
+    EXPECT_EQ(CMN_SetStrParam(&conf.rec, 0x0010, text, 32), 32);
+    EXPECT_STREQ(conf.rec.szMainApn, "");  // over-long: dropped
+    EXPECT_EQ(CMN_SetStrParam(&conf.rec, 0x0010, text, 31), 31);
+    EXPECT_EQ(CMN_GetStrParam(&conf.rec, 0x0010, out, 8), 7);
+    EXPECT_EQ(std::string(reinterpret_cast<char*>(out)), "qqqqqqq");
+}
+
+// A null record is refused by the dictionary (the word getter still stores
+// 0); a null output by the wrapper or by the dictionary.
+TEST(Typed, NullPointers) {
+    Conf conf;
     unsigned short w = 0x1111;
     int r = 0;
     EXPECT_EQ(output_of([&] { r = CMN_GetWordParam(nullptr, 0x0031, &w); }),
               "[ASSERT][CMN_GetParam:N]: NULL != pbbConf\n");
     EXPECT_EQ(r, -1);
     EXPECT_EQ(w, 0);
-    Conf conf;
     EXPECT_EQ(output_of([&] { r = CMN_GetWordParam(&conf.rec, 0x0031, nullptr); }),
               "[ASSERT][CMN_GetWordParam:N]: NULL != out\n");
     EXPECT_EQ(r, -1);
@@ -84,162 +151,62 @@ TEST(Typed, NullRecordAndNullOutput) {
     EXPECT_EQ(r, -1);
 }
 
-enum Getter { kByte, kWord, kDWord };
+// --- Block accessors ----------------------------------------------------------------
 
-struct WideCase {
-    const char* name;
-    Getter getter;
-    int id;
-};
-
-// IDs whose get writes more than the variable holds are refused silently
-// and leave the variable as it was.
-TEST(Typed, GettersRefuseWiderIds) {
-    const WideCase cases[] = {
-        {"u32 via byte", kByte, 0x0001},       {"u16 via byte", kByte, 0x0031},
-        {"u16 ret 4 via byte", kByte, 0x0081}, {"can id via byte", kByte, 0x0110},
-        {"ch list via byte", kByte, 0x0076},   {"vendor u32 via byte", kByte, 0xf202},
-        {"u32 via word", kWord, 0x0001},       {"can id via word", kWord, 0x0110},
-        {"ch list via word", kWord, 0x0076},   {"vendor u32 via word", kWord, 0xc223},
-        {"can id via dword", kDWord, 0x0110},  {"ch list via dword", kDWord, 0x0076},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Conf conf;
-        std::memset(conf.bytes(), 0x77, sizeof conf.rec);
-        Conf before = conf;
-        unsigned char b = 0x5a;
-        unsigned short w = 0xbeef;
-        unsigned int d = 0xdeadbeef;
-        int r = 0;
-        std::string out = output_of([&] {
-            if (c.getter == kByte) r = CMN_GetByteParam(&conf.rec, c.id, &b);
-            if (c.getter == kWord) r = CMN_GetWordParam(&conf.rec, c.id, &w);
-            if (c.getter == kDWord) r = CMN_GetDWordParam(&conf.rec, c.id, &d);
-        });
-        EXPECT_EQ(r, -1);
-        EXPECT_EQ(out, "");
-        EXPECT_EQ(b, 0x5a);
-        EXPECT_EQ(w, 0xbeef);
-        EXPECT_EQ(d, 0xdeadbeefu);
-        EXPECT_EQ(std::memcmp(&before.rec, &conf.rec, sizeof conf.rec), 0);
-    }
-}
-
-// IDs that fit are served: narrower numbers land in the high bytes, and
-// values whose length BufLen bounds are cut to the variable.
-TEST(Typed, GettersServeIdsThatFit) {
+// One accessor pair over size bytes at offset; id is the parameter ID whose
+// get sends the region verbatim (0 if none).  The block pointer is checked
+// before the record; set copies exactly the region, get gives it back and
+// writes nothing past the structure.
+template <typename T>
+void check_pair(int (*set)(tagBB_CONF_ST*, T*), int (*get)(tagBB_CONF_ST*, T*), const char* set_name,
+                const char* get_name, const char* block_name, size_t offset, size_t size, int id) {
+    SCOPED_TRACE(set_name);
     Conf conf;
-    output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
-    struct Case {
-        const char* name;
-        Getter getter;
-        int id;
-        int result;
-        unsigned value;
-    };
-    const Case cases[] = {
-        {"u8 via word", kWord, 0x0084, 1, 0x0900},          // plate colour 9
-        {"u8 via dword", kDWord, 0x0084, 1, 0x09000000},
-        {"u16 via dword", kDWord, 0x0031, 2, 0x01f40000},  // fence radius 500
-        {"raw 2 via word", kWord, 0xf367, 2, 0x0505},      // blind-spot thresholds
-        {"raw 4 via dword", kDWord, 0xf0e9, 4, 0x01323202},
-        {"raw 8 short via word", kWord, 0xf114, 1, 0x0100},  // BufLen - 1 bytes
-        {"string via dword", kDWord, 0x0010, 3, 0x33676e00},  // "3gn"
-        {"raw 8 fixed via word", kWord, 0xf001, 8, 0},      // short buffer: size, nothing
-        {"block via dword", kDWord, 0xf364, -1, 0},         // below its minimum
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        unsigned short w = 0xbeef;
-        unsigned int d = 0xdeadbeef;
-        int r = 0;
-        output_of([&] {
-            if (c.getter == kWord) r = CMN_GetWordParam(&conf.rec, c.id, &w);
-            if (c.getter == kDWord) r = CMN_GetDWordParam(&conf.rec, c.id, &d);
-        });
-        EXPECT_EQ(r, c.result);
-        EXPECT_EQ(c.getter == kWord ? w : d, c.value);
+    std::memset(&conf.rec, 0x5a, sizeof conf.rec);
+    Conf want = conf;
+    unsigned char block[256], back[260];
+    for (size_t i = 0; i < sizeof block; i++) block[i] = static_cast<unsigned char>(0x80 + i);
+    std::memcpy(want.bytes() + offset, block, size);
+    for (bool is_set : {true, false}) {
+        const std::string head = std::string("[ASSERT][") + (is_set ? set_name : get_name) + ":N]: NULL != ";
+        auto refused = [&](tagBB_CONF_ST* rec, T* blk) {
+            int r = 0;
+            std::string out = output_of([&] { r = (is_set ? set : get)(rec, blk); });
+            EXPECT_EQ(r, -1);
+            return out;
+        };
+        EXPECT_EQ(refused(&conf.rec, nullptr), head + block_name + "\n");
+        EXPECT_EQ(refused(nullptr, nullptr), head + block_name + "\n");
+        EXPECT_EQ(refused(nullptr, reinterpret_cast<T*>(block)), head + "pbbConf\n");
     }
-    unsigned char b = 0;
-    EXPECT_EQ(CMN_GetByteParam(&conf.rec, 0x0010, &b), 0);  // no room for a character
-    EXPECT_EQ(b, 0);
+    int r = 99;
+    EXPECT_EQ(output_of([&] { r = set(&conf.rec, reinterpret_cast<T*>(block)); }), "");
+    EXPECT_EQ(r, 0);
+    EXPECT_EQ(std::memcmp(&conf.rec, &want.rec, sizeof conf.rec), 0);
+    std::memset(back, 0xee, sizeof back);
+    EXPECT_EQ(output_of([&] { r = get(&conf.rec, reinterpret_cast<T*>(back)); }), "");
+    EXPECT_EQ(r, 0);
+    EXPECT_EQ(to_hex(back, size + 1), to_hex(block, size) + " ee");
+    if (id == 0) return;
+    std::memset(back, 0xee, sizeof back);
+    EXPECT_EQ(CMN_GetParam(&conf.rec, id, back, sizeof back), static_cast<int>(size));
+    EXPECT_EQ(to_hex(back, size), to_hex(block, size));
 }
 
-// Setters send the value high byte first with their own length.
-TEST(Typed, SettersBuildTheWireValue) {
-    Conf conf;
-    unsigned char text[40];
-    std::memset(text, 'q', sizeof text);
-    int r = 0;
-    // A narrower number ID takes the first (high) byte of the value.
-    EXPECT_EQ(CMN_SetWordParam(&conf.rec, 0x0084, 0x1234), 2);
-    EXPECT_EQ(conf.bytes()[1176], 0x12);
-    // A raw ID takes the value's bytes as they go on the wire.
-    EXPECT_EQ(CMN_SetWordParam(&conf.rec, 0xf367, 0x0a0b), 2);
-    EXPECT_EQ(to_hex(conf.bytes() + 1759, 2), "0a 0b");
-    // A string ID takes them as characters.
-    EXPECT_EQ(CMN_SetDWordParam(&conf.rec, 0x0010, 0x41424344), 4);
-    EXPECT_STREQ(conf.rec.szMainApn, "ABCD");
-    // Strings pass straight through; an over-long one changes nothing.
-    EXPECT_EQ(CMN_SetStrParam(&conf.rec, 0x0010, text, 32), 32);
-    EXPECT_STREQ(conf.rec.szMainApn, "ABCD");
-    EXPECT_EQ(CMN_SetStrParam(&conf.rec, 0x0010, text, 31), 31);
-    EXPECT_EQ(std::strlen(conf.rec.szMainApn), 31u);
-    unsigned char out[40] = {};
-    EXPECT_EQ(CMN_GetStrParam(&conf.rec, 0x0010, out, 8), 7);
-    EXPECT_EQ(std::string(reinterpret_cast<char*>(out)), "qqqqqqq");
-    // Unknown IDs report and return the setter's length.
-    EXPECT_EQ(output_of([&] { r = CMN_SetWordParam(&conf.rec, 0x0008, 1); }),
-              "Err [CMN_SetParam():N] Not Find ID:8 \n");
-    EXPECT_EQ(r, 2);
-    EXPECT_EQ(output_of([&] { r = CMN_SetByteParam(&conf.rec, 0, 1); }),
-              "[ASSERT][CMN_SetParam:N]: 0x0000 != ParamId\n");
-    EXPECT_EQ(r, -1);
+#define CHECK_PAIR(S, G, block, offset, size, id) check_pair(S, G, #S, #G, block, offset, size, id)
+
+TEST(Accessors, RefuseNullsAndCopyTheirRegion) {
+    CHECK_PAIR(CMN_SetGeneralAVEncParam, CMN_GetGeneralAVEncParam, "pstGeneralAVEncParam", 686, 21, 0);
+    CHECK_PAIR(CMN_SetAVChLookUpList, CMN_GetAVChLookUpList, "pstAVChLookUpList", 707, 151, 0);
+    CHECK_PAIR(CMN_SetAVIndSetting, CMN_GetAVIndSetting, "pstAVIndSetting", 858, 253, 0);
+    CHECK_PAIR(CMN_SetSpecialAlarmParam, CMN_GetSpecialAlarmParam, "pstSpecialAlmRecParam", 1111, 3, 0x0079);
+    CHECK_PAIR(CMN_SetVideoAlnalyseParam, CMN_GetVideoAlnalyseParam, "pstVideoAnalyseParam", 1114, 2, 0x007b);
+    CHECK_PAIR(CMN_SetWakeUpModeParam, CMN_GetWakeUpModeParam, "pstWakeUpModeParam", 1116, 20, 0x007c);
+    CHECK_PAIR(CMN_SetNightSpeedLmt, CMN_GetNightSpeedLmt, "pstNightSpeedLmt", 1241, 8, 0xf001);
+    CHECK_PAIR(CMN_SetNightAbnormalMove, CMN_GetNightAbnormalMove, "pstNightAbnormalMove", 1249, 8, 0xf002);
+    CHECK_PAIR(CMN_SetNightTiredSetting, CMN_GetNightTiredSetting, "pstNightTiredSetting", 1257, 16, 0);
 }
 
-// A number ID wider than the setter's value is refused and stores nothing.
-TEST(Typed, SettersRefuseWiderNumberIds) {
-    struct Case {
-        const char* name;
-        Getter setter;
-        int id;
-    };
-    const Case cases[] = {
-        {"u32 via byte", kByte, 0x0001}, {"u16 via byte", kByte, 0x0031},
-        {"u32 via word", kWord, 0xf202}, {"u16 ret 4 via byte", kByte, 0x0082},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.name);
-        Conf conf;
-        int r = 0;
-        EXPECT_EQ(output_of([&] {
-                      if (c.setter == kByte) r = CMN_SetByteParam(&conf.rec, c.id, 0x99);
-                      if (c.setter == kWord) r = CMN_SetWordParam(&conf.rec, c.id, 0x9999);
-                  }),
-                  "");
-        EXPECT_EQ(r, -1);
-        Conf zero;
-        EXPECT_EQ(std::memcmp(&zero.rec, &conf.rec, sizeof conf.rec), 0);
-    }
-}
-
-// A block behind a number setter reads zeros after the value, never the
-// stack: the size block takes its two words from one dword.
-TEST(Typed, BlockIdThroughANumberSetter) {
-    Conf conf;
-    int r = 0;
-    output_of([&] { r = CMN_SetDWordParam(&conf.rec, 0xf373, (1750u << 16) | 1850u); });
-    EXPECT_EQ(r, 4);
-    EXPECT_EQ(+conf.rec.stSubiaoOversize.usSizeA, 1750);
-    EXPECT_EQ(+conf.rec.stSubiaoOversize.usSizeB, 1850);
-    // The load block reads 18 bytes: the two after the word are zeros.
-    std::memset(&conf.rec.stSubiaoOverload, 0x66, sizeof conf.rec.stSubiaoOverload);
-    output_of([&] { r = CMN_SetWordParam(&conf.rec, 0xf372, 10000); });
-    EXPECT_EQ(r, 2);
-    EXPECT_EQ(+conf.rec.stSubiaoOverload.usLoadA, 10000);
-    EXPECT_EQ(+conf.rec.stSubiaoOverload.usLoadB, 0);
-    EXPECT_EQ(+conf.rec.stSubiaoOverload.usLoadH, 0);
-}
+#undef CHECK_PAIR
 
 }  // namespace

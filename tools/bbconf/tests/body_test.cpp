@@ -1,6 +1,7 @@
 // The hex parser and the 0x8103 / 0x0104 parameter lists.
 #include <gtest/gtest.h>
 
+#include <cstdio>
 #include <string>
 #include <vector>
 
@@ -11,119 +12,76 @@ namespace {
 using bbtool::BodyParam;
 using Bytes = std::vector<uint8_t>;
 
-TEST(ToolHex, ParsesPairsAndNamesTheFirstFault) {
-    struct Case {
-        const char* text;
-        bool ok;
-        Bytes bytes;
-        const char* error;
+TEST(ToolHex, ParsesPairsFormatsLowerCaseAndNamesTheFirstFault) {
+    const char* cases[][3] = {
+        // text, the bytes as to_hex gives them, the error
+        {"", "", ""},
+        {"00ff7F", "00ff7f", ""},
+        {" 0a\tBc\r\n01 ", "0abc01", ""},
+        {"0 1", "", "malformed hex: the digit at position 1 has no partner (hex needs two digits per byte)"},
+        {"abc", "", "malformed hex: the digit at position 3 has no partner (hex needs two digits per byte)"},
+        {"0g", "", "malformed hex: 'g' at position 2 is not a hex digit"},
+        {"hex:01", "", "malformed hex: 'h' at position 1 is not a hex digit"},
+        {"0x01", "", "malformed hex: 'x' at position 2 is not a hex digit"},
+        {"01\x01", "", "malformed hex: byte 0x01 at position 3 is not a hex digit"},
+        {"01,02", "", "malformed hex: ',' at position 3 is not a hex digit"},
     };
-    const Case cases[] = {
-        {"", true, {}, ""},
-        {"00ff7F", true, {0x00, 0xff, 0x7f}, ""},
-        {" 0a\tBc\r\n01 ", true, {0x0a, 0xbc, 0x01}, ""},
-        {"0 1", false, {}, "malformed hex: the digit at position 1 has no partner (hex needs two digits per byte)"},
-        {"abc", false, {}, "malformed hex: the digit at position 3 has no partner (hex needs two digits per byte)"},
-        {"0g", false, {}, "malformed hex: 'g' at position 2 is not a hex digit"},
-        {"hex:01", false, {}, "malformed hex: 'h' at position 1 is not a hex digit"},
-        {"0x01", false, {}, "malformed hex: 'x' at position 2 is not a hex digit"},
-        {"01\x01", false, {}, "malformed hex: byte 0x01 at position 3 is not a hex digit"},
-        {"01,02", false, {}, "malformed hex: ',' at position 3 is not a hex digit"},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.text);
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c[0]);
         Bytes out = {0xee};  // must be replaced, also on failure
         std::string err;
-        EXPECT_EQ(bbtool::parse_hex(c.text, out, err), c.ok);
-        EXPECT_EQ(out, c.bytes);
-        EXPECT_EQ(err, c.error);
+        EXPECT_EQ(bbtool::parse_hex(c[0], out, err), *c[2] == '\0');
+        EXPECT_EQ(bbtool::to_hex(out), c[1]);
+        EXPECT_EQ(err, c[2]);
     }
 }
 
-TEST(ToolHex, FormatsLowerCase) {
-    const Bytes b = {0x00, 0x0f, 0xa0, 0xff};
-    EXPECT_EQ(bbtool::to_hex(b), "000fa0ff");
-    EXPECT_EQ(bbtool::to_hex(Bytes{}), "");
-}
-
-TEST(ToolBody, ParsesParameterLists) {
-    struct Case {
-        const char* what;
-        Bytes body;
-        std::vector<BodyParam> params;
-    };
-    const Case cases[] = {
-        {"no parameters", {0x00}, {}},
-        {"one u32", {0x01, 0, 0, 0, 0x01, 4, 0, 0, 0, 0x1e}, {{0x0001, {0, 0, 0, 0x1e}}}},
-        {"an empty value", {0x01, 0, 0, 0xf3, 0x64, 0}, {{0xf364, {}}}},
-        {"two values, high ID bytes kept",
-         {0x02, 0x12, 0x34, 0x56, 0x78, 1, 0xaa, 0, 0, 0, 0x10, 2, 'a', 'b'},
-         {{0x12345678, {0xaa}}, {0x0010, {'a', 'b'}}}},
-    };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        std::vector<BodyParam> out;
-        std::string err;
-        ASSERT_TRUE(bbtool::parse_param_body(c.body.data(), c.body.size(), out, err)) << err;
-        ASSERT_EQ(out.size(), c.params.size());
-        for (size_t i = 0; i < out.size(); i++) {
-            EXPECT_EQ(out[i].id, c.params[i].id);
-            EXPECT_EQ(out[i].value, c.params[i].value);
-        }
-    }
-}
-
-TEST(ToolBody, RefusesTruncatedAndOverLongBodies) {
-    struct Case {
-        const char* what;
-        Bytes body;
-        const char* error;
-    };
-    const Case cases[] = {
-        {"empty", {}, "truncated body: it is empty (the first byte is the parameter count)"},
-        {"count without parameters", {0x01},
+TEST(ToolBody, ParsesParameterListsAndRefusesTruncatedOrOverLongOnes) {
+    const char* cases[][3] = {
+        // the body as hex, the parameters parsed ("ID:value ..."), the error
+        {"00", "", ""},
+        {"01 00000001 04 0000001e", "1:0000001e ", ""},
+        {"01 0000f364 00", "f364: ", ""},
+        {"02 12345678 01 aa 00000010 02 6162", "12345678:aa 10:6162 ", ""},  // high ID bytes kept
+        {"", "", "truncated body: it is empty (the first byte is the parameter count)"},
+        {"01", "",
          "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 0 bytes remain"},
-        {"ID cut short", {0x01, 0, 0, 0},
+        {"01 000000", "",
          "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 3 bytes remain"},
-        {"length byte missing", {0x01, 0, 0, 0, 1},
+        {"01 00000001", "",
          "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 4 bytes remain"},
-        {"value one byte short", {0x01, 0, 0, 0, 1, 4, 1, 2, 3},
+        {"01 00000001 04 010203", "",
          "truncated body: parameter 1 of 1 (ID 0x0001) declares 4 value bytes, only 3 remain"},
-        {"second parameter missing", {0x02, 0, 0, 0, 1, 1, 9},
+        {"02 00000001 01 09", "",
          "truncated body: parameter 2 of 2 at byte 7 needs a 4-byte ID and a length byte, only 0 bytes remain"},
-        {"one byte too many", {0x01, 0, 0, 0, 1, 1, 9, 0},
-         "over-long body: 1 byte follows the last of the 1 parameter the count announces"},
-        {"count zero with data", {0x00, 0, 0},
-         "over-long body: 2 bytes follow the last of the 0 parameters the count announces"},
+        {"01 00000001 01 09 00", "", "over-long body: 1 byte follows the last of the 1 parameter the count announces"},
+        {"00 0000", "", "over-long body: 2 bytes follow the last of the 0 parameters the count announces"},
     };
-    for (const Case& c : cases) {
-        SCOPED_TRACE(c.what);
-        std::vector<BodyParam> out = {{1, {1}}};
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c[0]);
+        Bytes body;
         std::string err;
-        EXPECT_FALSE(bbtool::parse_param_body(c.body.data(), c.body.size(), out, err));
-        EXPECT_TRUE(out.empty());
-        EXPECT_EQ(err, c.error);
+        ASSERT_TRUE(bbtool::parse_hex(c[0], body, err));
+        std::vector<BodyParam> out = {{1, {1}}};  // must be replaced, also on failure
+        EXPECT_EQ(bbtool::parse_param_body(body.data(), body.size(), out, err), *c[2] == '\0');
+        std::string got;
+        for (const BodyParam& p : out) {
+            char id[16];
+            std::snprintf(id, sizeof id, "%x:", p.id);
+            got += id + bbtool::to_hex(p.value) + " ";
+        }
+        EXPECT_EQ(got, c[1]);
+        EXPECT_EQ(err, c[2]);
     }
 }
 
-TEST(ToolBody, BuildsWhatItParses) {
-    const std::vector<BodyParam> params = {{0x0001, {0, 0, 0, 0x14}}, {0xf364, Bytes(255, 0x5a)}, {0x0013, {}}};
+TEST(ToolBody, BuildsTheSameLayoutUpToOneByteCounts) {
     Bytes body;
     std::string err;
-    ASSERT_TRUE(bbtool::build_param_body(params, body, err));
-    ASSERT_EQ(body.size(), 1u + 3 * 5 + 4 + 255);
-    EXPECT_EQ(body[0], 3);
-    EXPECT_EQ(Bytes(body.begin() + 1, body.begin() + 10), (Bytes{0, 0, 0, 1, 4, 0, 0, 0, 0x14}));
-    std::vector<BodyParam> back;
-    ASSERT_TRUE(bbtool::parse_param_body(body.data(), body.size(), back, err));
-    ASSERT_EQ(back.size(), 3u);
-    EXPECT_EQ(back[1].id, 0xf364u);
-    EXPECT_EQ(back[1].value, Bytes(255, 0x5a));
-}
-
-TEST(ToolBody, BuildRefusesWhatOneByteCannotCount) {
-    Bytes body = {0x77};
-    std::string err;
+    ASSERT_TRUE(
+        bbtool::build_param_body({{0x0001, {0, 0, 0, 0x14}}, {0xf364, Bytes(255, 0x5a)}, {0x0013, {}}}, body, err));
+    // count 3; 0x0001 = 20; 0xf364 with 255 bytes; 0x0013 empty
+    EXPECT_EQ(bbtool::to_hex(body), "030000000104000000140000f364ff" + bbtool::to_hex(Bytes(255, 0x5a)) + "0000001300");
     EXPECT_FALSE(bbtool::build_param_body({{0x0001, Bytes(256, 0)}}, body, err));
     EXPECT_EQ(err, "the value of 0x0001 is 256 bytes, a body value holds at most 255");
     EXPECT_TRUE(body.empty());

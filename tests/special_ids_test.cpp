@@ -1,0 +1,153 @@
+// special_ids_test.cpp - the block IDs behind their minimum buffers and the
+// 8-bit length on the way to their codecs, the device identity IDs and the
+// debug dumps.
+#include <algorithm>
+#include <cstring>
+#include <string>
+#include <vector>
+
+#include "test_util.h"
+
+using bbtest::Conf;
+using bbtest::dump_text;
+using bbtest::hex;
+using bbtest::output_of;
+using bbtest::to_hex;
+
+namespace {
+
+// A buffer under the block's minimum is refused silently before the codec
+// runs; at the minimum, and at -1 (a huge unsigned length), the codec
+// answers with its form's length.
+TEST(SpecialIds, BlockMinimumBuffers) {
+    const struct {
+        int id, minimum, form;
+    } cases[] = {
+        {0x0075, 21, 21}, {0x0077, 253, 85}, {0xe138, 22, 22},  {0xe139, 33, 33}, {0xe140, 33, 33}, {0xe141, 45, 45},
+        {0xf0ef, 18, 18}, {0xf364, 104, 56}, {0xf365, 132, 49}, {0xf366, 36, 36}, {0xf368, 50, 50}, {0xf370, 56, 54},
+        {0xf372, 20, 18}, {0xf373, 4, 4},    {0xf400, 42, 42},  {0xfe10, 16, 16},
+    };
+    Conf conf;
+    output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.id);
+        // The ADAS codec logs the 56 bytes ahead of the buffer: give it room.
+        std::vector<unsigned char> frame(64 + 300, 0xee);
+        unsigned char* out = frame.data() + 64;
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.minimum - 1); }), "");
+        EXPECT_EQ(r, -1);
+        EXPECT_EQ(frame, std::vector<unsigned char>(frame.size(), 0xee));
+        output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.minimum); });
+        EXPECT_EQ(r, c.form);
+        output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, -1); });
+        EXPECT_EQ(r, c.form);
+    }
+}
+
+// The length handed to a block codec is cut to 8 bits; the set returns the
+// caller's len whatever the codec makes of it, and the codec converts first.
+TEST(SpecialIds, BlockLengthIsCutToEightBits) {
+    const std::string enc = "01 02 0019 1e 11223344 03 04 0032 0f a1b2c3d4 0123 01";
+    const std::string ch =
+        "02 01 01 02 0019 19 00001388 01 02 0019 19 00001388 0003"
+        "   02 01 02 0019 19 00001388 01 02 0019 19 00001388 0007";
+    const struct {
+        int id;
+        std::string wire;
+        int len;
+        const char* out;
+    } cases[] = {
+        {0x0075, enc, 21, ""},
+        {0x0075, enc, 277, ""},
+        {0x0075, enc, 20, "[ASSERT][CMN_B2LStruct:N]: DataLen == Cnt\n"},
+        {0x0077, ch, 43, ""},
+    };
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.len);
+        Conf conf;
+        std::vector<unsigned char> wire = hex(c.wire), out(260, 0xee);
+        const size_t n = wire.size();
+        wire.resize(300, 0x77);
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire.data(), c.len); }), c.out);
+        EXPECT_EQ(r, c.len);
+        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out.data(), 253), static_cast<int>(n));
+        EXPECT_EQ(to_hex(out.data(), n + 1), to_hex(wire.data(), n) + " ee");
+    }
+    // 300 reaches the ADAS codec as 44: the field is converted, then the
+    // length fails.  The codec logs the bytes before the block.
+    Conf conf;
+    output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
+    std::vector<unsigned char> frame(64 + 320, 0xff);
+    frame[64] = 40;
+    int r = 0;
+    EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, 0xf364, frame.data() + 64, 300); }),
+              "[ASSERT][SubiaoAdas_B2LStruct:N]: DataLen == Cnt\n");
+    EXPECT_EQ(r, 300);
+    EXPECT_EQ(+conf.rec.stSubiaoAdas.ucAlarmSpeed, 40);
+}
+
+// The provider's line, then the get's line with a dump of what was written.
+TEST(SpecialIds, Identity) {
+    const struct {
+        int id, buflen;
+        const char *provider_line, *text;
+    } cases[] = {
+        {0xff01, 64, "Inf [GetDeviceFactoryId():N] FactoryId:40917\n", "40917"},
+        {0xff02, 64, "Inf [GetDeviceTerminalType():N] TerminalType:MDVR\n", "MDVR"},
+        {0xff02, 3, "Inf [GetDeviceTerminalType():N] TerminalType:MD\n", "MD"},
+        {0xff01, 1, "Inf [GetDeviceFactoryId():N] FactoryId:\n", ""},
+        // A buffer of 6 is too small for the MAC reader whatever the machine.
+        {0xff00, 6, "Err [GetMacFormFile():N] MAC Size less than 6\n", ""},
+    };
+    Conf conf;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.buflen);
+        unsigned char buf[64];
+        std::memset(buf, 0xee, sizeof buf);
+        int r = 0;
+        std::string out = output_of([&] { r = CMN_GetParam(&conf.rec, c.id, buf, c.buflen); });
+        int n = static_cast<int>(std::strlen(c.text));
+        char war[64];
+        std::snprintf(war, sizeof war, "War [CMN_GetParam():N] Get ID:%x Len:%d_", static_cast<unsigned>(c.id), n);
+        EXPECT_EQ(out, c.provider_line + std::string(war) + (n > 0 ? dump_text(buf, n) : "\n"));
+        EXPECT_EQ(r, n);
+        EXPECT_EQ(std::string(reinterpret_cast<char*>(buf), n), c.text);
+    }
+    // The MAC comes from the machine: either it was read (6 bytes dumped)
+    // or the reader failed with a line of its own.
+    unsigned char buf[32] = {};
+    int r = 0;
+    std::string out = output_of([&] { r = CMN_GetParam(&conf.rec, 0xff00, buf, sizeof buf); });
+    if (r == 6) {
+        EXPECT_EQ(out, "War [CMN_GetParam():N] Get ID:ff00 Len:6_" + dump_text(buf, 6));
+    } else {
+        EXPECT_EQ(r, 0);
+        EXPECT_EQ(out.rfind("Err [GetMacFormFile():N] ", 0), 0u) << out;
+        const std::string war = "War [CMN_GetParam():N] Get ID:ff00 Len:0_\n";
+        EXPECT_EQ(out.substr(out.size() - std::min(out.size(), war.size())), war);
+    }
+}
+
+// The debug IDs dump what the caller passed in and answer -1.
+TEST(SpecialIds, DebugDumps) {
+    const struct { int id, buflen; } cases[] = {{0xf441, 3}, {0xf641, 3}, {0xf441, 0}, {0xf641, -2}, {0xf441, 31}};
+    unsigned char buf[40], copy[40];
+    for (int i = 0; i < 40; i++) buf[i] = static_cast<unsigned char>(0xa0 + i);
+    Conf conf;
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.buflen);
+        std::memcpy(copy, buf, sizeof buf);
+        int r = 0;
+        std::string want = "CMN_GetParam,N,BufLen=" + std::to_string(c.buflen) + "\n";
+        if (c.buflen > 0) want += dump_text(buf, c.buflen);
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, copy, c.buflen); }), want + "\n");
+        EXPECT_EQ(r, -1);
+        EXPECT_EQ(std::memcmp(copy, buf, sizeof buf), 0);
+    }
+    unsigned char three[3] = {1, 2, 0xab};
+    EXPECT_EQ(output_of([&] { CMN_GetParam(&conf.rec, 0xf641, three, 3); }), "CMN_GetParam,N,BufLen=3\n 0102ab\n\n\n");
+}
+
+}  // namespace
