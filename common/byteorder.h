@@ -89,7 +89,7 @@ inline void reverse_number(unsigned char* dst, const unsigned char* src, unsigne
 }
 
 /* The all-ones value of a field: the platform's "keep unchanged" marker. */
-inline uint32_t all_ones(unsigned width) {
+constexpr uint32_t all_ones(unsigned width) {
     return width >= 4 ? 0xffffffffu : (1u << (8 * width)) - 1u;
 }
 

@@ -13,21 +13,13 @@
 #include "common/byteorder.h"
 #include "common/log.h"
 #include "common/strcopy.h"
+#include "conf/field_defaults.h"
 
 namespace {
 
-/* One default: a number of 1, 2 or 4 bytes, or (text non-null) a string
- * field of `width` bytes that receives at most width - 1 characters and a
- * terminator.  Rows of a table are written in table order. */
-struct Default {
-    uint16_t offset;
-    uint16_t width;
-    uint32_t value;
-    const char* text;
-};
-
-constexpr Default num(uint16_t offset, uint16_t width, uint32_t value) { return {offset, width, value, nullptr}; }
-constexpr Default str(uint16_t offset, uint16_t size, const char* text) { return {offset, size, 0, text}; }
+using bbconf::FieldDefault;
+using bbconf::num;
+using bbconf::str;
 
 /* A run of bytes cleared to zero. */
 struct ZeroRun {
@@ -42,7 +34,7 @@ constexpr char kVehicleClassLarge[] = "\xb4\xf3\xd0\xcd\xc6\xfb\xb3\xb5";
 
 /* Plain fields of offsets 0 to 1486, except the two vendor bytes at 1437
  * and 1438 which are written after the block initialisers. */
-constexpr Default kPlainDefaults[] = {
+constexpr FieldDefault kPlainDefaults[] = {
     /* Communication. */
     num(0, 4, 20),                  /* 0x0001 heartbeat interval, s */
     num(4, 4, 60),                  /* 0x0002 TCP reply time-out, s */
@@ -190,7 +182,7 @@ constexpr int kLookUpEntrySize = 4;
  * storage bit rate is 25 while the general block's is 1024: intended. */
 constexpr uint16_t kChannelEntries = 859;
 constexpr int kChannelEntrySize = 21;
-constexpr Default kChannelEntry[] = {
+constexpr FieldDefault kChannelEntry[] = {
     num(1, 1, 0),                   /* live encoding mode */
     num(2, 1, 1),                   /* live resolution */
     num(3, 2, 25),                  /* live key-frame interval */
@@ -207,7 +199,7 @@ constexpr Default kChannelEntry[] = {
 /* The four wake-up periods (4 bytes each from 1120): 00:00 to 23:59 BCD. */
 constexpr uint16_t kWakeUpPeriods = 1120;
 constexpr int kWakeUpPeriodSize = 4;
-constexpr Default kWakeUpPeriod[] = {
+constexpr FieldDefault kWakeUpPeriod[] = {
     num(0, 1, 0x00), num(1, 1, 0x00),   /* start hour, minute */
     num(2, 1, 0x23), num(3, 1, 0x59),   /* end hour, minute */
 };
@@ -226,14 +218,14 @@ constexpr ZeroRun kVendorClears[] = {
     {1439, 4},  /* 0xf202 */
 };
 
-constexpr Default kVendorBytes[] = {
+constexpr FieldDefault kVendorBytes[] = {
     num(1437, 1, 60),               /* 0xf200 */
     num(1438, 1, 5),                /* 0xf201 */
 };
 
 /* Terminal-local settings of offsets 2473 to 2595 (no ID reaches them).
  * 2583 is written as a 32-bit value and 2585 then as a byte inside it. */
-constexpr Default kLocalDefaults[] = {
+constexpr FieldDefault kLocalDefaults[] = {
     num(2473, 2, 5),
     num(2475, 2, 10),
     num(2477, 2, 600),
@@ -269,7 +261,7 @@ constexpr ZeroRun kLocalClear = {2596, 32};
 
 /* Offsets 2628 to 3377: vehicle class, slave and vendor servers, the load
  * and size blocks' first fields. */
-constexpr Default kTailDefaults[] = {
+constexpr FieldDefault kTailDefaults[] = {
     num(2632, 2, 1987),
     num(2639, 1, 1),
     str(2641, 16, kVehicleClassLarge),
@@ -295,38 +287,14 @@ constexpr Default kTailDefaults[] = {
     num(3376, 2, 1850),             /* 0xf373 size value B */
 };
 
-/* Every row must lie inside the record (entry tables inside their entry). */
-template <size_t N>
-constexpr bool rows_fit(const Default (&rows)[N], unsigned room) {
-    for (size_t i = 0; i < N; i++) {
-        if (rows[i].offset + rows[i].width > room) {
-            return false;
-        }
-        if (rows[i].text == nullptr && rows[i].width != 1 && rows[i].width != 2 && rows[i].width != 4) {
-            return false;
-        }
-    }
-    return true;
-}
-
-static_assert(rows_fit(kPlainDefaults, 1487), "plain defaults end before the regional blocks");
-static_assert(rows_fit(kLocalDefaults, 2596), "local defaults end before the separate clear");
-static_assert(rows_fit(kTailDefaults, BB_CONF_LEN), "tail defaults lie inside the record");
-static_assert(rows_fit(kChannelEntry, kChannelEntrySize), "channel rows lie inside an entry");
-static_assert(rows_fit(kWakeUpPeriod, kWakeUpPeriodSize), "period rows lie inside a period");
+/* Every row lies inside the record (entry tables inside their entry). */
+static_assert(bbconf::field_defaults_fit(kPlainDefaults, 1487), "plain defaults end before the regional blocks");
+static_assert(bbconf::field_defaults_fit(kLocalDefaults, 2596), "local defaults end before the separate clear");
+static_assert(bbconf::field_defaults_fit(kTailDefaults, BB_CONF_LEN), "tail defaults lie inside the record");
+static_assert(bbconf::field_defaults_fit(kChannelEntry, kChannelEntrySize), "channel rows lie inside an entry");
+static_assert(bbconf::field_defaults_fit(kWakeUpPeriod, kWakeUpPeriodSize), "period rows lie inside a period");
 static_assert(kChannelEntries + kVideoChannels * kChannelEntrySize <= 1111, "channel entries fit 0x0077");
 static_assert(kLookUpEntries + kVideoChannels * kLookUpEntrySize <= 858, "look-up entries fit 0x0076");
-
-template <size_t N>
-void write_defaults(unsigned char* base, const Default (&rows)[N]) {
-    for (const Default& d : rows) {
-        if (d.text != nullptr) {
-            bbconf::copy_bounded(reinterpret_cast<char*>(base + d.offset), d.text, d.width);
-        } else {
-            bbconf::store_ne(base + d.offset, d.width, d.value);
-        }
-    }
-}
 
 void clear(unsigned char* rec, const ZeroRun& run) { memset(rec + run.offset, 0, run.size); }
 
@@ -338,10 +306,10 @@ void write_video_entries(unsigned char* rec) {
         look_up[1] = static_cast<unsigned char>(k); /* logical channel */
         unsigned char* entry = rec + kChannelEntries + static_cast<size_t>(k - 1) * kChannelEntrySize;
         entry[0] = static_cast<unsigned char>(k);   /* logical channel */
-        write_defaults(entry, kChannelEntry);
+        bbconf::put_field_defaults(entry, kChannelEntry);
     }
     for (int i = 0; i < kWakeUpPeriodCount; i++) {
-        write_defaults(rec + kWakeUpPeriods + static_cast<size_t>(i) * kWakeUpPeriodSize, kWakeUpPeriod);
+        bbconf::put_field_defaults(rec + kWakeUpPeriods + static_cast<size_t>(i) * kWakeUpPeriodSize, kWakeUpPeriod);
     }
 }
 
@@ -373,13 +341,13 @@ void CMN_InitBbConfToDefault(tagBB_CONF_ST* pbbConf) {
     unsigned char* rec = bbconf::bytes_of(pbbConf);
 
     memset(rec, 0, BB_CONF_LEN);
-    write_defaults(rec, kPlainDefaults);
+    bbconf::put_field_defaults(rec, kPlainDefaults);
     write_video_entries(rec);
 
     init_blocks(pbbConf);
     InitShenZhenPurnoBBParam(pbbConf);
 
-    write_defaults(rec, kVendorBytes);
+    bbconf::put_field_defaults(rec, kVendorBytes);
     for (const ZeroRun& run : kVendorClears) {
         clear(rec, run);
     }
@@ -391,9 +359,9 @@ void CMN_InitBbConfToDefault(tagBB_CONF_ST* pbbConf) {
     InitZhaTuBbParam(pbbConf);
     InitGzZtBbParam(pbbConf);
 
-    write_defaults(rec, kLocalDefaults);
+    bbconf::put_field_defaults(rec, kLocalDefaults);
     clear(rec, kLocalClear);
-    write_defaults(rec, kTailDefaults);
+    bbconf::put_field_defaults(rec, kTailDefaults);
 
     BB_INF("Init Param Len:%d\n", BB_CONF_LEN);
 }

@@ -6,18 +6,14 @@
 
 #include "bbconf.h"
 #include "common/byteorder.h"
+#include "conf/field_defaults.h"
 
 namespace {
 
 /* Muck-truck (construction-waste truck) profile values. */
-struct ProfileValue {
-    unsigned short offset;
-    unsigned char width;
-    unsigned int value;
-};
 
-#define OFF(f) static_cast<unsigned short>(offsetof(tagBB_CONF_ST, f))
-constexpr ProfileValue kZhaTuProfile[] = {
+#define OFF(f) static_cast<uint16_t>(offsetof(tagBB_CONF_ST, f))
+constexpr bbconf::FieldDefault kZhaTuProfile[] = {
     {OFF(ucVendor00a2), 1, 0},   {OFF(ucVendor00a1), 1, 3},   {OFF(usVendor101a), 2, 300},
     {OFF(usVendor101b), 2, 600}, {OFF(usVendor101c), 2, 0},   {OFF(usVendor101d), 2, 700},
     {OFF(ucVendor101e), 1, 0},   {OFF(ucVendor101f), 1, 0},   {OFF(ucVendor1031), 1, 0},
@@ -25,6 +21,7 @@ constexpr ProfileValue kZhaTuProfile[] = {
     {OFF(usVendorF106), 2, 256},
 };
 #undef OFF
+static_assert(bbconf::field_defaults_fit(kZhaTuProfile, sizeof(tagBB_CONF_ST)), "profile rows lie inside the record");
 
 }  // namespace
 
@@ -37,8 +34,6 @@ void InitKelvoZtShanXiBBParam(tagBB_CONF_ST*) {}
 /* Writes the muck-truck fields; the pointer is not checked. */
 void InitZhaTuBbParam(tagBB_CONF_ST* pbbConf) {
     unsigned char* rec = bbconf::bytes_of(pbbConf);
-    for (const ProfileValue& v : kZhaTuProfile) {
-        bbconf::store_ne(rec + v.offset, v.width, v.value);
-    }
+    bbconf::put_field_defaults(rec, kZhaTuProfile);
     memset(pbbConf->aucVendorF114, 1, sizeof pbbConf->aucVendorF114);
 }

@@ -9,23 +9,18 @@
 #include "bbconf.h"
 #include "common/byteorder.h"
 #include "common/log.h"
+#include "conf/field_defaults.h"
 
 namespace bbconf {
 namespace {
 
-/* One non-zero factory value: width 1, 2 or 4 bytes at a record offset,
- * stored in record (native) order. */
-struct TaxiDefault {
-    uint16_t offset;
-    uint8_t width;
-    uint32_t value;
-};
 
 #define OFF(f) static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, f))
 #define ELEM(a, i) \
     static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, a) + (i) * sizeof(tagBBTAXI_CONF_ST::a[0]))
 
-constexpr TaxiDefault kDefaults[] = {
+/* The non-zero factory values. */
+constexpr FieldDefault kDefaults[] = {
     /* Link supervision. */
     {OFF(uiHeartBeatItv), 4, 20},
     {OFF(uiTcpTimeout), 4, 60},
@@ -77,18 +72,7 @@ constexpr TaxiDefault kDefaults[] = {
 #undef ELEM
 #undef OFF
 
-template <size_t N>
-constexpr bool defaults_fit(const TaxiDefault (&rows)[N]) {
-    for (size_t i = 0; i < N; i++) {
-        unsigned w = rows[i].width;
-        if ((w != 1 && w != 2 && w != 4) || rows[i].offset + w > sizeof(tagBBTAXI_CONF_ST) ||
-            (w < 4 && rows[i].value >= (1u << (8 * w)))) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(defaults_fit(kDefaults), "every taxi default must fit its field inside the record");
+static_assert(field_defaults_fit(kDefaults, sizeof(tagBBTAXI_CONF_ST)), "every taxi default must fit its field inside the record");
 
 }  // namespace
 }  // namespace bbconf
@@ -97,9 +81,7 @@ void BBTAXI_InitToDefault(tagBBTAXI_CONF_ST* pTAXIConf) {
     BB_CHECK(NULL != pTAXIConf, );
     unsigned char* rec = bbconf::bytes_of(pTAXIConf);
     memset(rec, 0, sizeof(tagBBTAXI_CONF_ST));
-    for (const bbconf::TaxiDefault& d : bbconf::kDefaults) {
-        bbconf::store_ne(rec + d.offset, d.width, d.value);
-    }
+    bbconf::put_field_defaults(rec, bbconf::kDefaults);
     BB_INF("Init TAXI Param Len:%d\n", static_cast<int>(sizeof(tagBBTAXI_CONF_ST)));
 }
 

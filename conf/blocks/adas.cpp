@@ -12,9 +12,6 @@
 namespace bbconf {
 namespace {
 
-constexpr bool kKeep = true;    /* all-ones on the wire keeps the field */
-constexpr bool kAlways = false; /* stored whatever the wire holds */
-
 /* Wire 0..51 onto local 0..51, shared by every form but Hunan.  The reserved
  * byte 19 is carried as it comes, 0xFF included. */
 constexpr WireField kAdasHead[] = {
@@ -57,13 +54,13 @@ constexpr WireTable kNone{nullptr, 0};
 
 /* The SiChuan form logs with the Subiao wording; every ADAS form dumps the
  * bytes in front of the wire pointer. */
-constexpr BlockForm kSubiaoAdas{table_of(kAdasHead), kNone, 56, "Subiao Adas", DumpOrigin::BeforeWire};
-constexpr BlockForm kSiChuanAdas{table_of(kAdasHead), table_of(kSiChuanRows), 61, "Subiao Adas",
+constexpr BlockForm kSubiaoAdas{rows_of(kAdasHead), kNone, 56, "Subiao Adas", DumpOrigin::BeforeWire};
+constexpr BlockForm kSiChuanAdas{rows_of(kAdasHead), rows_of(kSiChuanRows), 61, "Subiao Adas",
                                  DumpOrigin::BeforeWire};
-constexpr BlockForm kGuangDongAdas{table_of(kAdasHead), table_of(kGuangDongRows), 64, "Guangdong Adas",
+constexpr BlockForm kGuangDongAdas{rows_of(kAdasHead), rows_of(kGuangDongRows), 64, "Guangdong Adas",
                                    DumpOrigin::BeforeWire};
-constexpr BlockForm kHunanAdas{table_of(kHunanRows), kNone, 96, "Hunan Adas", DumpOrigin::BeforeWire};
-constexpr BlockForm kJiLingAdas{table_of(kAdasHead), table_of(kJiLingRows), 112, "JiLing Adas",
+constexpr BlockForm kHunanAdas{rows_of(kHunanRows), kNone, 96, "Hunan Adas", DumpOrigin::BeforeWire};
+constexpr BlockForm kJiLingAdas{rows_of(kAdasHead), rows_of(kJiLingRows), 112, "JiLing Adas",
                                 DumpOrigin::BeforeWire};
 
 constexpr int kAdasSize = static_cast<int>(sizeof(tagBB_PARAM_ADAS_SUBIAO_ST));

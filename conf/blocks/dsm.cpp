@@ -12,9 +12,6 @@
 namespace bbconf {
 namespace {
 
-constexpr bool kKeep = true;    /* all-ones on the wire keeps the field */
-constexpr bool kAlways = false; /* stored whatever the wire holds */
-
 /* Wire 0..46, shared by every form but Hunan.  Wire 23..25 are reserved and
  * have no place in the local record, so the alarm groups shift by three. */
 constexpr WireField kDsmHead[] = {
@@ -72,12 +69,12 @@ constexpr WireTable kNone{nullptr, 0};
 
 /* The Subiao and SiChuan forms dump the block itself; the others dump the
  * bytes in front of the wire pointer.  SiChuan logs with the Subiao wording. */
-constexpr BlockForm kSubiaoDsm{table_of(kDsmHead), kNone, 49, "Subiao Dsm", DumpOrigin::AtWire};
-constexpr BlockForm kSiChuanDsm{table_of(kDsmHead), table_of(kSiChuanRows), 65, "Subiao Dsm", DumpOrigin::AtWire};
-constexpr BlockForm kGuangDongDsm{table_of(kDsmHead), table_of(kGuangDongRows), 66, "Guangdong Dsm",
+constexpr BlockForm kSubiaoDsm{rows_of(kDsmHead), kNone, 49, "Subiao Dsm", DumpOrigin::AtWire};
+constexpr BlockForm kSiChuanDsm{rows_of(kDsmHead), rows_of(kSiChuanRows), 65, "Subiao Dsm", DumpOrigin::AtWire};
+constexpr BlockForm kGuangDongDsm{rows_of(kDsmHead), rows_of(kGuangDongRows), 66, "Guangdong Dsm",
                                   DumpOrigin::BeforeWire};
-constexpr BlockForm kHunanDsm{table_of(kHunanRows), kNone, 110, "Hunan Dsm", DumpOrigin::BeforeWire};
-constexpr BlockForm kJiLingDsm{table_of(kDsmHead), table_of(kJiLingRows), 126, "JiLing Dsm",
+constexpr BlockForm kHunanDsm{rows_of(kHunanRows), kNone, 110, "Hunan Dsm", DumpOrigin::BeforeWire};
+constexpr BlockForm kJiLingDsm{rows_of(kDsmHead), rows_of(kJiLingRows), 126, "JiLing Dsm",
                                DumpOrigin::BeforeWire};
 
 constexpr int kDsmSize = static_cast<int>(sizeof(tagBB_PARAM_DSM_SUBIAO_ST));

@@ -40,6 +40,11 @@ constexpr bool fixed_form_fits(const FixedForm& f) {
            local_extent(f.table) <= f.len;
 }
 
+/* The rows name every byte of the form, on the wire and in the record. */
+constexpr bool covers_block(const FixedForm& f) {
+    return fixed_form_fits(f) && wire_extent(f.table) == f.len && local_extent(f.table) == f.len;
+}
+
 /* Wire to local; returns the form's length, or 0 when DataLen is not that
  * length (nothing changed) or a pointer is null. */
 inline int fixed_form_set(const FixedForm& f, const char* fn, const unsigned char* wire,
@@ -94,30 +99,17 @@ struct DefaultRun {
     uint32_t value;
 };
 
-struct DefaultTable {
-    const DefaultRun* runs;
-    int count;
-};
-
-template <size_t N>
-constexpr DefaultTable defaults_of(const DefaultRun (&r)[N]) {
-    return DefaultTable{r, static_cast<int>(N)};
-}
+using DefaultTable = Rows<DefaultRun>;
 
 /* Bytes of the record a default table reaches. */
 constexpr int defaults_extent(const DefaultTable& t) {
-    int end = 0;
-    for (int i = 0; i < t.count; i++) {
-        int e = t.runs[i].offset + t.runs[i].width * t.runs[i].count;
-        end = e > end ? e : end;
-    }
-    return end;
+    return extent(t, [](const DefaultRun& r) { return static_cast<int>(r.offset); });
 }
 
 /* Writes the runs; bytes no run names are left as they are. */
 inline void put_defaults(const DefaultTable& t, unsigned char* rec) {
     for (int i = 0; i < t.count; i++) {
-        const DefaultRun& r = t.runs[i];
+        const DefaultRun& r = t.rows[i];
         for (unsigned n = 0; n < r.count; n++) {
             store_ne(rec + r.offset + n * r.width, r.width, r.value);
         }

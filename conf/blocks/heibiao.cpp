@@ -38,22 +38,19 @@ constexpr WireField kHljDevFail[] = {
 /* The vehicle operation block logs its set under the driver identification
  * header; that shared text is kept on purpose. */
 constexpr FixedForm kDriverIdentifyForm = {
-    table_of(kDriverIdentify), sizeof(tagBB_PARAM_DRIVER_IDENTIFY_ST), "Driver Identify After Set:",
+    rows_of(kDriverIdentify), sizeof(tagBB_PARAM_DRIVER_IDENTIFY_ST), "Driver Identify After Set:",
     "Driver Identify Before Get:", "Driver Identify After Get:", false, nullptr};
 constexpr FixedForm kVehicleOperateForm = {
-    table_of(kVehicleOperate), sizeof(tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST),
+    rows_of(kVehicleOperate), sizeof(tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST),
     "Driver Identify After Set:", "HLJ ADAS Before Get:", "HLJ ADAS After Get:", false, nullptr};
 constexpr FixedForm kHljDsmForm = {
-    table_of(kHljDsm), sizeof(tagBB_PARAM_DSM_HEIBIAO_ST), "HLJ DSM After Set:",
+    rows_of(kHljDsm), sizeof(tagBB_PARAM_DSM_HEIBIAO_ST), "HLJ DSM After Set:",
     "HLJ DSM Before Get:", "HLJ DSM After Get:", false, nullptr};
 constexpr FixedForm kHljDevFailForm = {
-    table_of(kHljDevFail), sizeof(tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST), "HLJ DEV FAIL After Set:",
+    rows_of(kHljDevFail), sizeof(tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST), "HLJ DEV FAIL After Set:",
     "HLJ DEV FAIL Before Get:", "HLJ DEV FAIL After Get:", false, nullptr};
 
 /* Each table names every byte of its block. */
-constexpr bool covers_block(const FixedForm& f) {
-    return fixed_form_fits(f) && wire_extent(f.table) == f.len && local_extent(f.table) == f.len;
-}
 static_assert(covers_block(kDriverIdentifyForm), "driver identification: 22 bytes");
 static_assert(covers_block(kVehicleOperateForm), "vehicle operation: 33 bytes");
 static_assert(covers_block(kHljDsmForm), "DSM: 33 bytes");
@@ -106,10 +103,10 @@ constexpr DefaultRun kHljDevFailRuns[] = {
     /* 35 to 44 are not written */
 };
 
-constexpr DefaultTable kDriverIdentifyDefaults = defaults_of(kDriverIdentifyRuns);
-constexpr DefaultTable kVehicleOperateDefaults = defaults_of(kVehicleOperateRuns);
-constexpr DefaultTable kHljDsmDefaults = defaults_of(kHljDsmRuns);
-constexpr DefaultTable kHljDevFailDefaults = defaults_of(kHljDevFailRuns);
+constexpr DefaultTable kDriverIdentifyDefaults = rows_of(kDriverIdentifyRuns);
+constexpr DefaultTable kVehicleOperateDefaults = rows_of(kVehicleOperateRuns);
+constexpr DefaultTable kHljDsmDefaults = rows_of(kHljDsmRuns);
+constexpr DefaultTable kHljDevFailDefaults = rows_of(kHljDevFailRuns);
 
 static_assert(defaults_extent(kDriverIdentifyDefaults) == 12,
               "driver identification defaults end at 12");

@@ -29,16 +29,13 @@ constexpr FixedForm night_form(int len, WireTable t) {
 }
 
 constexpr FixedForm kSpeedForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_SPEED_ST), table_of(kNightBytes));
+    night_form(sizeof(tagBB_PARAM_NIGHT_SPEED_ST), rows_of(kNightBytes));
 constexpr FixedForm kMoveForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_MOVE_ST), table_of(kNightBytes));
+    night_form(sizeof(tagBB_PARAM_NIGHT_MOVE_ST), rows_of(kNightBytes));
 constexpr FixedForm kTiredForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_TIRED_ST), table_of(kNightTired));
+    night_form(sizeof(tagBB_PARAM_NIGHT_TIRED_ST), rows_of(kNightTired));
 
 /* Each table names every byte of its block. */
-constexpr bool covers_block(const FixedForm& f) {
-    return fixed_form_fits(f) && wire_extent(f.table) == f.len && local_extent(f.table) == f.len;
-}
 static_assert(covers_block(kSpeedForm), "night speed table must cover 8 bytes");
 static_assert(covers_block(kMoveForm), "night movement table must cover 8 bytes");
 static_assert(covers_block(kTiredForm), "night fatigue table must cover 16 bytes");
@@ -67,9 +64,9 @@ constexpr DefaultRun kTiredRuns[] = {
     {15, 1, 1, 0},                             /* setting byte */
 };
 
-constexpr DefaultTable kSpeedDefaults = defaults_of(kSpeedRuns);
-constexpr DefaultTable kMoveDefaults = defaults_of(kMoveRuns);
-constexpr DefaultTable kTiredDefaults = defaults_of(kTiredRuns);
+constexpr DefaultTable kSpeedDefaults = rows_of(kSpeedRuns);
+constexpr DefaultTable kMoveDefaults = rows_of(kMoveRuns);
+constexpr DefaultTable kTiredDefaults = rows_of(kTiredRuns);
 
 static_assert(defaults_extent(kSpeedDefaults) == sizeof(tagBB_PARAM_NIGHT_SPEED_ST),
               "speed defaults");

@@ -31,10 +31,9 @@ constexpr WireField kTpmsFields[] = {
 /* The TPMS get logs under "Bsd" titles; that text is what the terminal's
  * log readers know, so it stays. */
 constexpr FixedForm kTpmsForm = {
-    table_of(kTpmsFields), sizeof(tagBB_PARAM_TPMS_SUBIAO_ST),
+    rows_of(kTpmsFields), sizeof(tagBB_PARAM_TPMS_SUBIAO_ST),
     "Tpms After Set:", "Bsd Before Get:", "Bsd After Get:", false, nullptr};
-static_assert(fixed_form_fits(kTpmsForm) && wire_extent(kTpmsForm.table) == kTpmsForm.len,
-              "the TPMS table covers 36 bytes");
+static_assert(covers_block(kTpmsForm), "the TPMS table covers 36 bytes");
 
 constexpr char kTyreSpecDefault[sizeof(tagBB_PARAM_TPMS_SUBIAO_ST::szTyreSpec)] = "Unknown";
 
@@ -50,7 +49,7 @@ constexpr DefaultRun kTpmsRuns[] = {
     {28, 2, 1, 60},  /* report interval */
     {30, 1, 6, 0},   /* reserved */
 };
-constexpr DefaultTable kTpmsDefaults = defaults_of(kTpmsRuns);
+constexpr DefaultTable kTpmsDefaults = rows_of(kTpmsRuns);
 static_assert(defaults_extent(kTpmsDefaults) == sizeof(tagBB_PARAM_TPMS_SUBIAO_ST),
               "the TPMS defaults end with the block");
 
@@ -59,7 +58,7 @@ static_assert(defaults_extent(kTpmsDefaults) == sizeof(tagBB_PARAM_TPMS_SUBIAO_S
 constexpr DefaultRun kBsdRuns[] = {
     {0, 1, 2, 5}, /* rear and side-rear approach thresholds */
 };
-constexpr DefaultTable kBsdDefaults = defaults_of(kBsdRuns);
+constexpr DefaultTable kBsdDefaults = rows_of(kBsdRuns);
 static_assert(defaults_extent(kBsdDefaults) == sizeof(tagBB_PARAM_BSD_SUBIAO_ST),
               "both BSD thresholds");
 
@@ -81,11 +80,10 @@ constexpr WireField kIntenseFields[] = {
 
 /* The get states the length on its title line and asserts a null wire. */
 constexpr FixedForm kIntenseForm = {
-    table_of(kIntenseFields), sizeof(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST),
+    rows_of(kIntenseFields), sizeof(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST),
     "intense driving After Set:", "intense driving Before Get:",
     "intense driving After Get len:", true, "(pDst != NULL)"};
-static_assert(fixed_form_fits(kIntenseForm) && wire_extent(kIntenseForm.table) == kIntenseForm.len,
-              "the intense-driving table covers 54 bytes");
+static_assert(covers_block(kIntenseForm), "the intense-driving table covers 54 bytes");
 
 /* Words 2, 5 and 8 and the reserved tail are not written. */
 constexpr DefaultRun kIntenseRuns[] = {
@@ -109,7 +107,7 @@ constexpr DefaultRun kIntenseRuns[] = {
     {42, 2, 1, 100},  /* word 19 */
     {44, 2, 1, 1500}, /* word 20 */
 };
-constexpr DefaultTable kIntenseDefaults = defaults_of(kIntenseRuns);
+constexpr DefaultTable kIntenseDefaults = rows_of(kIntenseRuns);
 static_assert(defaults_extent(kIntenseDefaults) == 46, "the intense-driving defaults end at word 20");
 
 /* --- Load and size ---------------------------------------------------------- */
@@ -120,7 +118,7 @@ constexpr WireField kLoadFields[] = {
     {12, 12, 1, 2, false}, /* settings E, F */
     {14, 14, 2, 2, false}, /* values G, H */
 };
-constexpr WireTable kLoad = table_of(kLoadFields);
+constexpr WireTable kLoad = rows_of(kLoadFields);
 constexpr int kLoadWireLen = 18;
 constexpr int kLoadLocalLen = sizeof(tagBB_PARAM_OVERLOAD_SUBIAO_ST);
 static_assert(wire_extent(kLoad) == kLoadWireLen && offsetof(tagBB_PARAM_OVERLOAD_SUBIAO_ST, usLocal) == 18,
@@ -129,7 +127,7 @@ static_assert(wire_extent(kLoad) == kLoadWireLen && offsetof(tagBB_PARAM_OVERLOA
 constexpr WireField kSizeFields[] = {
     {0, 0, 2, 2, false}, /* size values A, B */
 };
-constexpr WireTable kSize = table_of(kSizeFields);
+constexpr WireTable kSize = rows_of(kSizeFields);
 constexpr int kSizeLen = sizeof(tagBB_PARAM_OVERSIZE_SUBIAO_ST);
 static_assert(wire_extent(kSize) == kSizeLen, "two words");
 

@@ -32,10 +32,9 @@ constexpr WireField kZhatuFields[] = {
 };
 
 constexpr FixedForm kZhatuForm = {
-    table_of(kZhatuFields), sizeof(tagBB_PARAM_ZT_ALARM_ST),
+    rows_of(kZhatuFields), sizeof(tagBB_PARAM_ZT_ALARM_ST),
     "ZhatuAlarm After Set:", "ZhatuAlarm Before Get:", "ZhatuAlarm After Get:", false, nullptr};
-static_assert(fixed_form_fits(kZhatuForm) && wire_extent(kZhatuForm.table) == kZhatuForm.len,
-              "the muck-truck table covers 42 bytes");
+static_assert(covers_block(kZhatuForm), "the muck-truck table covers 42 bytes");
 
 /* Every byte of the block is named, zeros included. */
 constexpr DefaultRun kZhatuRuns[] = {
@@ -56,7 +55,7 @@ constexpr DefaultRun kZhatuRuns[] = {
     {27, 1, 1, 5}, {28, 1, 1, 3}, {29, 1, 1, 2},
     {30, 1, 12, 0}, /* reserved */
 };
-constexpr DefaultTable kZhatuDefaults = defaults_of(kZhatuRuns);
+constexpr DefaultTable kZhatuDefaults = rows_of(kZhatuRuns);
 static_assert(defaults_extent(kZhatuDefaults) == sizeof(tagBB_PARAM_ZT_ALARM_ST),
               "the muck-truck defaults cover the block");
 
@@ -79,7 +78,7 @@ constexpr WireField kDpxAdasFields[] = {
     {0, 0, 4, 1, false}, /* enable mask */
     {4, 4, 1, 6, false}, /* settings */
 };
-constexpr WireTable kDpxAdas = table_of(kDpxAdasFields);
+constexpr WireTable kDpxAdas = rows_of(kDpxAdasFields);
 constexpr int kDpxAdasFormLen = 16;
 static_assert(wire_extent(kDpxAdas) == sizeof(BB_DPX_ADAS_PARM_ST), "ten bytes move");
 
@@ -89,7 +88,7 @@ constexpr DefaultRun kDpxAdasRuns[] = {
     {5, 1, 1, 6},
     {6, 1, 4, 15},
 };
-constexpr DefaultTable kDpxAdasDefaults = defaults_of(kDpxAdasRuns);
+constexpr DefaultTable kDpxAdasDefaults = rows_of(kDpxAdasRuns);
 static_assert(defaults_extent(kDpxAdasDefaults) == sizeof(BB_DPX_ADAS_PARM_ST), "whole record");
 
 /* The DSM form moves 25 bytes; a set reports 31, a get needs and reports
@@ -98,7 +97,7 @@ constexpr WireField kDpxDsmFields[] = {
     {0, 0, 4, 1, false},  /* enable mask */
     {4, 4, 1, 21, false}, /* settings */
 };
-constexpr WireTable kDpxDsm = table_of(kDpxDsmFields);
+constexpr WireTable kDpxDsm = rows_of(kDpxDsmFields);
 constexpr int kDpxDsmSetLen = 31;
 constexpr int kDpxDsmGetLen = 32;
 static_assert(wire_extent(kDpxDsm) == sizeof(BB_DPX_DSM_PARAM_ST), "25 bytes move");
@@ -110,7 +109,7 @@ constexpr DefaultRun kDpxDsmRuns[] = {
     {9, 1, 1, 10},
     {10, 1, 14, 15},
 };
-constexpr DefaultTable kDpxDsmDefaults = defaults_of(kDpxDsmRuns);
+constexpr DefaultTable kDpxDsmDefaults = rows_of(kDpxDsmRuns);
 static_assert(defaults_extent(kDpxDsmDefaults) == 24, "offset 24 is left alone");
 
 /* --- Alarm video/photo ------------------------------------------------------ */
@@ -129,7 +128,7 @@ constexpr WireField kPumpFields[] = {
     {7, 7, 1, 26, false},  /* settings */
     {33, 33, 1, 4, false}, /* tail */
 };
-constexpr WireTable kPump = table_of(kPumpFields);
+constexpr WireTable kPump = rows_of(kPumpFields);
 constexpr int kPumpLen = sizeof(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST);
 static_assert(wire_extent(kPump) == kPumpLen, "37 bytes");
 

@@ -29,7 +29,7 @@ constexpr WireField kAvEncFields[] = {
     {18, 18, 2, 1, false}, /* OSD overlay mask */
     {20, 20, 1, 1, false}, /* audio output */
 };
-constexpr WireTable kAvEnc = table_of(kAvEncFields);
+constexpr WireTable kAvEnc = rows_of(kAvEncFields);
 constexpr unsigned kAvEncLen = sizeof(tagAV_ENC_PARAM_ST);
 static_assert(wire_extent(kAvEnc) == kAvEncLen && local_extent(kAvEnc) == kAvEncLen,
               "the encoding form covers the whole record");
@@ -46,7 +46,7 @@ constexpr WireField kAvChFields[] = {
     {15, 15, 4, 1, false}, /* storage bit rate */
     {19, 19, 2, 1, false}, /* OSD overlay mask */
 };
-constexpr WireTable kAvCh = table_of(kAvChFields);
+constexpr WireTable kAvCh = rows_of(kAvChFields);
 constexpr unsigned kAvChLen = sizeof(tagAV_CH_ENC_PARAM_ST);
 static_assert(wire_extent(kAvCh) == kAvChLen && local_extent(kAvCh) == kAvChLen,
               "the channel form covers the whole entry");

@@ -7,7 +7,7 @@ namespace bbconf {
 
 void wire_to_local(const WireTable& t, const unsigned char* wire, unsigned char* local) {
     for (int i = 0; i < t.count; i++) {
-        const WireField& f = t.fields[i];
+        const WireField& f = t.rows[i];
         for (unsigned n = 0; n < f.count; n++) {
             unsigned w = f.wire + n * f.width;
             unsigned l = f.local + n * f.width;
@@ -22,7 +22,7 @@ void wire_to_local(const WireTable& t, const unsigned char* wire, unsigned char*
 
 void local_to_wire(const WireTable& t, const unsigned char* local, unsigned char* wire) {
     for (int i = 0; i < t.count; i++) {
-        const WireField& f = t.fields[i];
+        const WireField& f = t.rows[i];
         for (unsigned n = 0; n < f.count; n++) {
             unsigned w = f.wire + n * f.width;
             unsigned l = f.local + n * f.width;

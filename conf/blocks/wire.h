@@ -22,34 +22,42 @@ struct WireField {
     bool keep;             /* an all-ones wire value leaves the field as it is */
 };
 
-struct WireTable {
-    const WireField* fields;
+/* Values of the keep column. */
+constexpr bool kKeep = true;    /* all-ones on the wire keeps the field */
+constexpr bool kAlways = false; /* stored whatever the wire holds */
+
+/* The rows of a table made from a constant array. */
+template <typename Row>
+struct Rows {
+    const Row* rows;
     int count;
 };
 
-template <size_t N>
-constexpr WireTable table_of(const WireField (&f)[N]) {
-    return WireTable{f, static_cast<int>(N)};
+template <typename Row, size_t N>
+constexpr Rows<Row> rows_of(const Row (&r)[N]) {
+    return Rows<Row>{r, static_cast<int>(N)};
 }
 
-/* Bytes a table reaches on the wire (the end of its last field). */
+/* The end of the furthest run of a table, its runs starting where `at`
+ * says (a run is count fields of width bytes). */
+template <typename Row, typename At>
+constexpr int extent(const Rows<Row>& t, At at) {
+    int end = 0;
+    for (int i = 0; i < t.count; i++) {
+        int e = at(t.rows[i]) + t.rows[i].width * t.rows[i].count;
+        end = e > end ? e : end;
+    }
+    return end;
+}
+
+using WireTable = Rows<WireField>;
+
+/* Bytes a table reaches on the wire, and in the local record. */
 constexpr int wire_extent(const WireTable& t) {
-    int end = 0;
-    for (int i = 0; i < t.count; i++) {
-        int e = t.fields[i].wire + t.fields[i].width * t.fields[i].count;
-        end = e > end ? e : end;
-    }
-    return end;
+    return extent(t, [](const WireField& f) { return static_cast<int>(f.wire); });
 }
-
-/* Same for the local record. */
 constexpr int local_extent(const WireTable& t) {
-    int end = 0;
-    for (int i = 0; i < t.count; i++) {
-        int e = t.fields[i].local + t.fields[i].width * t.fields[i].count;
-        end = e > end ? e : end;
-    }
-    return end;
+    return extent(t, [](const WireField& f) { return static_cast<int>(f.local); });
 }
 
 /* Wire (big-endian) to local (native), honouring the keep markers. */

@@ -30,19 +30,16 @@ constexpr WireField kCapture[] = {
 
 /* The VDS set logs under a "Dsm" label; that text is kept as it is. */
 constexpr FixedForm kVdsForm = {
-    table_of(kVds), sizeof(tagBB_PARAM_VDS_XIANGBIAO_ST), "Dsm After Set:",
+    rows_of(kVds), sizeof(tagBB_PARAM_VDS_XIANGBIAO_ST), "Dsm After Set:",
     "BB_PARAM_VDS_XIANGBIAO_ST Before Get:", "BB_PARAM_VDS_XIANGBIAO_ST After Get:", false,
     nullptr};
 
 /* The capture set prints nothing, so it has no set header. */
 constexpr FixedForm kCaptureForm = {
-    table_of(kCapture), sizeof(tagBB_PARAM_DRIVER_CAPTURE_XIANGBIAO_ST), "",
+    rows_of(kCapture), sizeof(tagBB_PARAM_DRIVER_CAPTURE_XIANGBIAO_ST), "",
     "DRIVER_CAPTURE_XIANGBIAO Before Get:", "DRIVER_CAPTURE_XIANGBIAO After Get:", false, nullptr};
 
 /* Each table names every byte of its block. */
-constexpr bool covers_block(const FixedForm& f) {
-    return fixed_form_fits(f) && wire_extent(f.table) == f.len && local_extent(f.table) == f.len;
-}
 static_assert(covers_block(kVdsForm), "VDS table must cover 50 bytes");
 static_assert(covers_block(kCaptureForm), "driver capture table must cover 18 bytes");
 
@@ -71,9 +68,9 @@ constexpr DefaultRun kCaptureRuns[] = {
     {14, 1, 1, 1}, {15, 1, 1, 20}, {16, 2, 1, 5},
 };
 
-constexpr DefaultTable kVdsDefaults = defaults_of(kVdsRuns);
-constexpr DefaultTable kDriverCmpDefaults = defaults_of(kDriverCmpRuns);
-constexpr DefaultTable kCaptureDefaults = defaults_of(kCaptureRuns);
+constexpr DefaultTable kVdsDefaults = rows_of(kVdsRuns);
+constexpr DefaultTable kDriverCmpDefaults = rows_of(kDriverCmpRuns);
+constexpr DefaultTable kCaptureDefaults = rows_of(kCaptureRuns);
 
 static_assert(defaults_extent(kVdsDefaults) == sizeof(tagBB_PARAM_VDS_XIANGBIAO_ST),
               "VDS defaults");
