@@ -137,7 +137,7 @@ int get_str(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen
 /* Fixed-size raw value of limit bytes: a short buffer gets the size back
  * and nothing written. */
 int get_raw_fixed(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
-/* No value on the get side, no message (IDs that are only ever set). */
+/* No value: answers -1 without a message. */
 int get_silent(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
 
 /* --- Row kinds shared by both records ------------------------------------ */
@@ -147,6 +147,24 @@ constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_number, g
 
 /* Whether a row holds a plain number (its width is the row's limit). */
 constexpr bool is_number(const ParamDef& d) { return d.get == get_number; }
+
+/* Every value a row stores or reads whole lies inside the record: numbers
+ * are 1, 2 or 4 bytes, and a terminated text (set_str, or the record's own
+ * `text` rule) keeps room for its terminator after limit characters. */
+template <size_t N>
+constexpr bool rows_fit(const ParamDef (&rows)[N], size_t rec_size, SetRule text = set_str) {
+    for (const ParamDef& d : rows) {
+        if (is_number(d) && d.limit != 1 && d.limit != 2 && d.limit != 4) {
+            return false;
+        }
+        const bool terminated = d.set == set_str || d.set == text;
+        const bool whole = terminated || is_number(d) || d.set == set_raw || d.get == get_raw_fixed;
+        if (whole && d.offset + d.limit + (terminated ? 1u : 0u) > rec_size) {
+            return false;
+        }
+    }
+    return true;
+}
 
 }  // namespace bbconf
 

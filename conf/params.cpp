@@ -23,23 +23,19 @@ void set_block(const ParamDef& d, const DictCall& c, unsigned char* src, int len
 }
 
 /* Get: a buffer below the block's minimum (unsigned) is refused first. */
-template <typename T>
-int get_block(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {
+template <typename T, int (*Codec)(T*, unsigned char*, unsigned int)>
+int get_through(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {
     if (static_cast<unsigned>(buflen) < d.limit) {
         return -1;
     }
-    return static_cast<int>(
-        CMN_LStruct2B(reinterpret_cast<T*>(field(d, c)), dst, static_cast<unsigned>(buflen)));
+    return Codec(reinterpret_cast<T*>(field(d, c)), dst, static_cast<unsigned>(buflen));
 }
 
+template <typename T>
+constexpr GetRule get_block = get_through<T, CMN_LStruct2B>;
 /* The Heibiao blocks are answered through their own codec names. */
 template <typename T>
-int get_hlj_block(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen) {
-    if (static_cast<unsigned>(buflen) < d.limit) {
-        return -1;
-    }
-    return CMN_HljLStruct2B(reinterpret_cast<T*>(field(d, c)), dst, static_cast<unsigned>(buflen));
-}
+constexpr GetRule get_hlj_block = get_through<T, CMN_HljLStruct2B>;
 
 /* --- Get rules of single IDs. ------------------------------------------ */
 
@@ -314,7 +310,7 @@ constexpr ParamDef kRows[] = {
     BLOCK<tagBB_PARAM_OVERLOAD_SUBIAO_ST>(0xf372, OFF(stSubiaoOverload), 20),
     BLOCK<tagBB_PARAM_OVERSIZE_SUBIAO_ST>(0xf373, OFF(stSubiaoOversize), 4),
     GET_ONLY(0xf3f0, OFF(stRs485Inqure), sizeof(_tagBB_PARAM_485AllDataFA_ST), get_raw_fixed),
-    {0xf400, OFF(stZhatuAlarm), 42, nullptr, get_block<tagBB_PARAM_ZT_ALARM_ST>},
+    GET_ONLY(0xf400, OFF(stZhatuAlarm), 42, get_block<tagBB_PARAM_ZT_ALARM_ST>),
     /* Debug dumps of the caller's buffer. */
     GET_ONLY(0xf441, 0, 0, get_debug_dump),
     GET_ONLY(0xf641, 0, 0, get_debug_dump),
@@ -333,6 +329,7 @@ constexpr ParamDef kRows[] = {
 #undef OFF
 
 static_assert(sorted_unique(kRows), "the terminal dictionary must be sorted by ID");
+static_assert(rows_fit(kRows, sizeof(tagBB_CONF_ST)), "every terminal field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
 constexpr int kRowCount = static_cast<int>(sizeof kRows / sizeof kRows[0]);

@@ -196,17 +196,7 @@ constexpr ParamDef kRows[] = {
 
 static_assert(sorted_unique(kRows), "the taxi dictionary must be sorted by ID");
 
-/* Every stored field, limit included, lies inside the record. */
-template <size_t N>
-constexpr bool rows_fit(const ParamDef (&rows)[N]) {
-    for (size_t i = 0; i < N; i++) {
-        if (rows[i].offset + rows[i].limit > sizeof(tagBBTAXI_CONF_ST)) {
-            return false;
-        }
-    }
-    return true;
-}
-static_assert(rows_fit(kRows), "every taxi field must lie inside the record");
+static_assert(rows_fit(kRows, sizeof(tagBBTAXI_CONF_ST), set_text), "every taxi field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
 constexpr auto kBuckets = make_buckets(kRows);
