@@ -13,7 +13,10 @@
 
 /* Prints the assert line with the condition's own text and returns ret
  * (leave ret empty in a void function) when cond does not hold.  The text
- * is taken before macro expansion, so "NULL != p" stays as written. */
+ * is taken before macro expansion, so "NULL != p" stays as written.  The
+ * platform side matches these lines, so the names in a condition are part
+ * of the output: locals such as DataLen, Cnt or SuBiaoLen exist to give the
+ * line its words, and renaming one changes what the terminal prints. */
 #define BB_CHECK_IMPL(fn, ok, text, ret)           \
     do {                                           \
         if (!(ok)) {                               \

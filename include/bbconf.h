@@ -33,7 +33,8 @@
 #define BBCONF_API
 #endif
 
-/* The reserved parameter ID that both dictionaries refuse. */
+/* The reserved parameter ID that the terminal dictionary refuses (the taxi
+ * dictionary reports it as unknown). */
 #define BB_PARAM_ID_RESERVED 0xffff
 
 /* Size of the terminal record as persisted and checksummed. */
@@ -969,7 +970,8 @@ BBCONF_API int CMN_SetParam(tagBB_CONF_ST* pbbConf, int ParamId, unsigned char* 
  * unknown ID, a block buffer below the block's minimum, and the text-only
  * IDs 0x0026, 0xf441 and 0xf641.  Numbers are written without looking at
  * BufLen; 0x0076 may write up to 151 bytes and 0x0110 always 8, so size
- * pBuf for the ID.  A string get with BufLen below 1 returns -1.
+ * pBuf for the ID.  A string get with BufLen below 1 returns -1.  A get of
+ * 0xf364 logs the 56 bytes in front of pBuf, so those must be readable too.
  */
 BBCONF_API int CMN_GetParam(tagBB_CONF_ST* pbbConf, int ParamId, unsigned char* pBuf, int BufLen);
 

@@ -57,11 +57,12 @@ bool starts_with(std::string_view s, std::string_view prefix) {
     return s.size() >= prefix.size() && s.substr(0, prefix.size()) == prefix;
 }
 
-// Wire length of the channel settings block: a count byte and 21 bytes per
-// channel, at most twelve channels taken.
+// Wire length of the channel settings block: a count byte and one entry per
+// channel, at most the record's twelve taken.
 size_t channel_settings_len(const std::vector<uint8_t>& wire) {
     const size_t count = wire.empty() ? 0 : wire[0];
-    return 1 + 21 * (count > 12 ? 12 : count);
+    const size_t most = BB_AV_IND_SETTING_MAX;
+    return 1 + sizeof(tagAV_CH_ENC_PARAM_ST) * (count > most ? most : count);
 }
 
 // Why a kind that cannot be set is refused.
@@ -128,7 +129,8 @@ Readout read_param(Record& rec, const ParamDef& d) {
         return out;
     }
     if (is_number(d.kind)) {
-        // The get width of a number; two u16 IDs answer 4 but write 2 bytes.
+        // The get width of a number; the taxi's 16-bit values kept in 32-bit
+        // fields read back as 4 bytes.
         const size_t width = d.kind == Kind::U16Get32 ? 4 : number_width(d.kind);
         if (r < static_cast<int>(width)) {
             out.error = "the library gave no value (it answered " + std::to_string(r) + ")";

@@ -27,13 +27,13 @@ std::string describe_char(char c) {
     return buf;
 }
 
+}  // namespace
+
 std::string id_text(uint32_t id) {
     char buf[16];
     std::snprintf(buf, sizeof buf, "0x%04x", static_cast<unsigned>(id));
     return buf;
 }
-
-}  // namespace
 
 bool parse_hex(std::string_view text, std::vector<uint8_t>& out, std::string& error) {
     out.clear();

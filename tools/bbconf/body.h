@@ -52,6 +52,9 @@ bool parse_param_body(const uint8_t* data, size_t size, std::vector<BodyParam>& 
 // than 255 bytes.
 bool build_param_body(const std::vector<BodyParam>& params, std::vector<uint8_t>& out, std::string& error);
 
+// A parameter ID as the tool prints it: "0x0013".
+std::string id_text(uint32_t id);
+
 }  // namespace bbtool
 
 #endif  // BBCONF_TOOL_BODY_H

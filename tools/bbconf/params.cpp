@@ -437,10 +437,5 @@ const char* record_name(RecordKind kind) { return kind == RecordKind::Terminal ?
 
 size_t record_size(RecordKind kind) { return kind == RecordKind::Terminal ? BB_CONF_LEN : BBTAXI_CONF_LEN; }
 
-std::string id_text(uint32_t id) {
-    char buf[16];
-    std::snprintf(buf, sizeof buf, "0x%04x", static_cast<unsigned>(id));
-    return buf;
-}
 
 }  // namespace bbtool

@@ -12,6 +12,7 @@
 #include <vector>
 
 #include "bbconf.h"
+#include "body.h"
 
 namespace bbtool {
 
@@ -77,7 +78,6 @@ const char* access_label(const ParamDef& d);
 
 const char* record_name(RecordKind kind);   // "terminal" / "taxi"
 size_t record_size(RecordKind kind);        // 3386 / 1037
-std::string id_text(uint32_t id);           // "0x0013"
 
 // Decimal or 0x-prefixed hexadecimal; values above 32 bits come out as
 // 0x100000000, outside every range.
