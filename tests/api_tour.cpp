@@ -79,8 +79,7 @@ void record_defaults(unsigned seed, Digest& d) {
     Bytes(seed).fill(reinterpret_cast<unsigned char*>(&conf), sizeof conf);  // the reset must wipe this
     CMN_InitBbConfToDefault(&conf);
     d.record(conf);
-    d.value(CMN_UpdateCheckSum(&conf));
-    d.value(CMN_VerifyCheckSum(&conf));
+    d.values({CMN_UpdateCheckSum(&conf), CMN_VerifyCheckSum(&conf)});
     void (*const profiles[])(tagBB_CONF_ST*) = {InitShenZhenPurnoBBParam, InitKelvoZtBBParam,
                                                  InitShenZhenTamsaBBParam, InitZhaTuBbParam,
                                                  InitGzZtBbParam,          InitKelvoZtShanXiBBParam};
@@ -129,10 +128,8 @@ void record_set_get(unsigned seed, Digest& d) {
         d.value(CMN_SetParam(&conf, c.id, w.at(), c.len));
         d.value(CMN_GetParam(&conf, c.id, w.at(), c.len));
     }
-    d.value(CMN_SetParam(&conf, 0x0001, nullptr, 4));
-    d.value(CMN_SetParam(nullptr, 0x0001, w.at(), 4));
-    d.value(CMN_GetParam(&conf, 0x0001, nullptr, 4));
-    d.value(CMN_GetParam(nullptr, 0x0001, w.at(), 4));
+    d.values({CMN_SetParam(&conf, 0x0001, nullptr, 4), CMN_SetParam(nullptr, 0x0001, w.at(), 4),
+              CMN_GetParam(&conf, 0x0001, nullptr, 4), CMN_GetParam(nullptr, 0x0001, w.at(), 4)});
     d.record(conf);
 }
 
@@ -145,28 +142,16 @@ void record_typed(unsigned seed, Digest& d) {
     unsigned int dw = 0;
     unsigned char text[32];
     src.text(text, 12);
-    d.value(CMN_SetByteParam(&conf, 0x0084, src.next()));
-    d.value(CMN_SetWordParam(&conf, 0x0031, src.next16()));
-    d.value(CMN_SetDWordParam(&conf, 0x0029, static_cast<unsigned int>(src.next16()) << 16 | 0x1234u));
-    d.value(CMN_SetStrParam(&conf, 0x0010, text, 12));
-    d.value(CMN_GetByteParam(&conf, 0x0084, &b));
-    d.value(CMN_GetWordParam(&conf, 0x0031, &w));
-    d.value(CMN_GetDWordParam(&conf, 0x0029, &dw));
-    d.value(b);
-    d.value(w);
-    d.value(dw);
+    d.values({CMN_SetByteParam(&conf, 0x0084, src.next()), CMN_SetWordParam(&conf, 0x0031, src.next16()),
+              CMN_SetDWordParam(&conf, 0x0029, static_cast<unsigned int>(src.next16()) << 16 | 0x1234u),
+              CMN_SetStrParam(&conf, 0x0010, text, 12), CMN_GetByteParam(&conf, 0x0084, &b),
+              CMN_GetWordParam(&conf, 0x0031, &w), CMN_GetDWordParam(&conf, 0x0029, &dw), b, w, dw});
     // Failures: too wide for the variable, unknown, no record, no room.
-    d.value(CMN_GetDWordParam(&conf, 0x0031, &dw));
-    d.value(CMN_GetByteParam(&conf, 0x0001, &b));
-    d.value(CMN_GetWordParam(&conf, 0x0008, &w));
-    d.value(CMN_GetDWordParam(nullptr, 0x0001, &dw));
-    d.value(CMN_SetByteParam(&conf, 0x0001, 1));
+    d.values({CMN_GetDWordParam(&conf, 0x0031, &dw), CMN_GetByteParam(&conf, 0x0001, &b),
+              CMN_GetWordParam(&conf, 0x0008, &w), CMN_GetDWordParam(nullptr, 0x0001, &dw),
+              CMN_SetByteParam(&conf, 0x0001, 1)});
     unsigned char out[64] = {};
-    d.value(CMN_GetStrParam(&conf, 0x0010, out, sizeof out));
-    d.value(CMN_GetStrParam(&conf, 0x0010, out, 0));
-    d.value(b);
-    d.value(w);
-    d.value(dw);
+    d.values({CMN_GetStrParam(&conf, 0x0010, out, sizeof out), CMN_GetStrParam(&conf, 0x0010, out, 0), b, w, dw});
     d.bytes(out, sizeof out);
     d.record(conf);
 }
@@ -177,11 +162,8 @@ void copy_in_out(Digest& d, Bytes& src, tagBB_CONF_ST* conf, int (*set)(tagBB_CO
     T in{};
     T out{};
     src.fill(reinterpret_cast<unsigned char*>(&in), sizeof in);
-    d.value(set(conf, &in));
-    d.value(get(conf, &out));
+    d.values({set(conf, &in), get(conf, &out), set(nullptr, &in), get(conf, nullptr)});
     d.record(out);
-    d.value(set(nullptr, &in));
-    d.value(get(conf, nullptr));
 }
 
 void record_block_accessors(unsigned seed, Digest& d) {
@@ -212,10 +194,10 @@ void codec(Digest& d, Bytes& src, R1 (*b2l)(unsigned char*, unsigned char, T*),
         if (init != nullptr) init(&local);
         Wire in;
         src.fill(in.at(), n);
-        d.value(static_cast<long>(b2l(in.at(), n, &local)));
+        d.value(static_cast<long long>(b2l(in.at(), n, &local)));
         d.record(local);
         Wire out(0);
-        d.value(static_cast<long>(l2b(&local, out.at(), n)));
+        d.value(static_cast<long long>(l2b(&local, out.at(), n)));
         d.bytes(out.mem, sizeof out.mem);
     }
 }
@@ -314,16 +296,14 @@ void checksums(unsigned seed, Digest& d) {
     src.fill(buf, sizeof buf);
     const unsigned int len = 100 + seed % 500;
     const unsigned short init = src.next16();
-    d.value(CMN_Get_CRC_CCITT(init, buf, len));
-    d.value(BBTAXI_Get_CRC_CCITT(init, buf, len));
+    d.values({CMN_Get_CRC_CCITT(init, buf, len), BBTAXI_Get_CRC_CCITT(init, buf, len)});
     unsigned short crc = init;
     unsigned short taxi_crc = init;
     for (unsigned int i = 0; i < len; i++) {
         crc = __Cal_CRC_CCITT(crc, buf[i]);
         taxi_crc = BBTAXI_Cal_CRC_CCITT(taxi_crc, buf[i]);
     }
-    d.value(crc);
-    d.value(taxi_crc);
+    d.values({crc, taxi_crc});
 }
 
 constexpr IdCase kTaxiIds[] = {
@@ -340,28 +320,20 @@ void taxi_record(unsigned seed, Digest& d) {
     set_all(d, src, &taxi, kTaxiIds, sizeof kTaxiIds / sizeof kTaxiIds[0], BBTAXI_SetParam);
     for (const IdCase& c : kTaxiIds) get_one(d, &taxi, c.id, BBTAXI_GetParam);
     d.record(taxi);
-    d.value(BBTAXI_UpdateCheckSum(&taxi));
-    d.value(BBTAXI_VerifyCheckSum(&taxi));
-    d.value(BBTAXI_Get_CRC_CCITT(0xffff, reinterpret_cast<unsigned char*>(&taxi), sizeof taxi));
     Wire w;
-    d.value(BBTAXI_SetParam(nullptr, 0x0001, w.at(), 4));
-    d.value(BBTAXI_GetParam(&taxi, 0x0001, nullptr, 4));
+    d.values({BBTAXI_UpdateCheckSum(&taxi), BBTAXI_VerifyCheckSum(&taxi),
+              BBTAXI_Get_CRC_CCITT(0xffff, reinterpret_cast<unsigned char*>(&taxi), sizeof taxi),
+              BBTAXI_SetParam(nullptr, 0x0001, w.at(), 4), BBTAXI_GetParam(&taxi, 0x0001, nullptr, 4)});
 
     unsigned char b = 0;
     unsigned short s = 0;
     unsigned int dw = 0;
     unsigned char text[8] = "abc";
-    d.value(BBTAXI_SetByteParam(&taxi, 0x004b, src.next()));
-    d.value(BBTAXI_GetByteParam(&taxi, 0x004b, &b));
-    d.value(BBTAXI_SetWordParam(&taxi, 0x00af, src.next16()));
-    d.value(BBTAXI_GetWordParam(&taxi, 0x00af, &s));
-    d.value(BBTAXI_SetDWordParam(&taxi, 0x0001, src.next16()));
-    d.value(BBTAXI_GetDWordParam(&taxi, 0x0001, &dw));
-    d.value(BBTAXI_SetStrParam(&taxi, 0x0013, text, 3));
-    d.value(BBTAXI_GetStrParam(&taxi, 0x0013, text, sizeof text));
-    d.value(b);
-    d.value(s);
-    d.value(dw);
+    d.values({BBTAXI_SetByteParam(&taxi, 0x004b, src.next()), BBTAXI_GetByteParam(&taxi, 0x004b, &b),
+              BBTAXI_SetWordParam(&taxi, 0x00af, src.next16()), BBTAXI_GetWordParam(&taxi, 0x00af, &s),
+              BBTAXI_SetDWordParam(&taxi, 0x0001, src.next16()), BBTAXI_GetDWordParam(&taxi, 0x0001, &dw),
+              BBTAXI_SetStrParam(&taxi, 0x0013, text, 3), BBTAXI_GetStrParam(&taxi, 0x0013, text, sizeof text), b, s,
+              dw});
     d.bytes(text, sizeof text);
 }
 

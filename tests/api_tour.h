@@ -10,6 +10,7 @@
 
 #include <cstddef>
 #include <cstdint>
+#include <initializer_list>
 
 namespace bbtest {
 
@@ -21,7 +22,11 @@ class Digest {
         for (size_t i = 0; i < n; i++) hash_ = (hash_ ^ b[i]) * 0x100000001b3ull;
         count_ += n;
     }
-    void value(long v) { bytes(&v, sizeof v); }
+    void value(long long v) { bytes(&v, sizeof v); }
+    // A braced list evaluates in order, so the calls in it run in order.
+    void values(std::initializer_list<long long> vs) {
+        for (long long v : vs) value(v);
+    }
     template <typename T>
     void record(const T& rec) {
         bytes(&rec, sizeof rec);

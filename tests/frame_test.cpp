@@ -4,7 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
-#include <vector>
+#include <utility>
 
 #include "test_util.h"
 
@@ -16,57 +16,35 @@ namespace {
 
 unsigned char kWire[8] = {0x81, 0x92, 0xa3, 0xb4, 0xc5, 0xd6, 0xe7, 0xf8};
 
-Conf patterned() {
-    Conf c;
-    std::memset(&c.rec, 0x5a, sizeof c.rec);
-    return c;
-}
-
-// The offsets of the bytes that differ.
-std::string diff(Conf& a, Conf& b) {
-    std::string s;
-    for (size_t i = 0; i < sizeof a.rec; i++) {
-        if (a.bytes()[i] != b.bytes()[i]) s += " " + std::to_string(i);
-    }
-    return s;
-}
-
 // n bytes of src, then one byte still 0xee.
-std::string then_ee(const unsigned char* src, int n) { return n > 0 ? to_hex(src, n) + " ee" : "ee"; }
-
-const std::vector<unsigned char> kUntouched(256, 0xee);
+std::string then_ee(const void* src, int n) {
+    return n > 0 ? to_hex(static_cast<const unsigned char*>(src), n) + " ee" : "ee";
+}
 
 TEST(Frame, ArgumentChecksInOrder) {
-    const struct {
-        int id;
-        unsigned char* buf;
-        const char *set_text, *get_text;
-    } cases[] = {
+    // clang-format off
+    const struct { int id; unsigned char* buf; std::string set_text, get_text; } cases[] = {
         {0x0000, nullptr, "0x0000 != ParamId", "0x0000 != ParamId"},
         {0xffff, nullptr, "BB_PARAM_ID_RESERVED != ParamId", "BB_PARAM_ID_RESERVED != ParamId"},
         {0x0001, nullptr, "NULL != pStr", "NULL != pBuf"},
         {0x0001, kWire, "NULL != pbbConf", "NULL != pbbConf"},
     };
+    // clang-format on
     for (const auto& c : cases) {
-        int r = 0;
+        int r = 0, g = 0;
         EXPECT_EQ(output_of([&] { r = CMN_SetParam(nullptr, c.id, c.buf, 4); }),
-                  std::string("[ASSERT][CMN_SetParam:N]: ") + c.set_text + "\n");
-        EXPECT_EQ(r, -1);
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(nullptr, c.id, c.buf, 4); }),
-                  std::string("[ASSERT][CMN_GetParam:N]: ") + c.get_text + "\n");
-        EXPECT_EQ(r, -1);
+                  "[ASSERT][CMN_SetParam:N]: " + c.set_text + "\n");
+        EXPECT_EQ(output_of([&] { g = CMN_GetParam(nullptr, c.id, c.buf, 4); }),
+                  "[ASSERT][CMN_GetParam:N]: " + c.get_text + "\n");
+        EXPECT_EQ(std::make_pair(r, g), std::make_pair(-1, -1));
     }
 }
 
+// clang-format off
 // IDs first..last at offset, offset + stride, ...; width is the bytes of a
 // number or the characters of a text.
-struct IdRun {
-    int first, last;
-    size_t offset;
-    int width;
-};
+struct IdRun { int first, last; size_t offset; int width; };
 
-// clang-format off
 const IdRun kNumbers[] = {
     {0x0001, 0x0007, 0, 4},    {0x0018, 0x0019, 348, 4},  {0x001b, 0x001c, 388, 4},  {0x0020, 0x0022, 428, 4},
     {0x0027, 0x0029, 440, 4},  {0x002c, 0x0030, 452, 4},  {0x0031, 0x0031, 472, 2},  {0x0045, 0x0047, 554, 4},
@@ -96,75 +74,61 @@ void for_each_id(const IdRun (&runs)[N], int stride_extra, F&& f) {
     for (const IdRun& run : runs) {
         for (int id = run.first; id <= run.last; id++) {
             SCOPED_TRACE(testing::Message() << std::hex << "ID 0x" << id);
-            f(run, id, run.offset + (id - run.first) * (run.width + stride_extra));
+            f(run.width, id, run.offset + (id - run.first) * (run.width + stride_extra));
         }
     }
 }
 
-// Big-endian on the wire, native in the record, only kind bytes read.
+// Big-endian on the wire, native in the record, width bytes read whatever
+// len says; the get does not consult BufLen.
 TEST(Frame, EveryNumberId) {
-    for_each_id(kNumbers, 0, [](const IdRun& run, int id, size_t off) {
-        Conf conf = patterned(), want = patterned();
-        for (int i = 0; i < run.width; i++) want.bytes()[off + i] = kWire[run.width - 1 - i];
+    for_each_id(kNumbers, 0, [](int width, int id, size_t off) {
+        Conf conf;
+        unsigned char out[8], native[4];
+        std::reverse_copy(kWire, kWire + width, native);
         int r = 0;
         EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, kWire, 1); }), "");
         EXPECT_EQ(r, 1);
-        EXPECT_EQ(diff(conf, want), "");
-        unsigned char out[8];
+        EXPECT_EQ(to_hex(conf.bytes() + off, width), to_hex(native, width));
         std::memset(out, 0xee, sizeof out);
-        // BufLen is not consulted; province and city report 4 for their 2 bytes.
-        EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, 0), id == 0x0081 || id == 0x0082 ? 4 : run.width);
-        EXPECT_EQ(to_hex(out, run.width + 1), then_ee(kWire, run.width));
+        // Province and city report 4 for their 2 bytes.
+        EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, 0), id == 0x0081 || id == 0x0082 ? 4 : width);
+        EXPECT_EQ(to_hex(out, width + 1), then_ee(kWire, width));
     });
 }
 
 TEST(Frame, EveryTextId) {
-    unsigned char text[80];
+    unsigned char text[80], out[80];
     for (int i = 0; i < 80; i++) text[i] = static_cast<unsigned char>('A' + i % 26);
-    for_each_id(kTexts, 1, [&](const IdRun& run, int id, size_t off) {
-        const int limit = run.width;
-        Conf conf = patterned(), want = patterned();
-        // Too long: dropped silently, len returned.
-        for (int len : {limit + 1, -1}) {
-            int r = 0;
-            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, text, len); }), "");
-            EXPECT_EQ(r, len);
-            EXPECT_EQ(diff(conf, want), "");
-        }
+    for_each_id(kTexts, 1, [&](int limit, int id, size_t off) {
+        Conf conf;
         EXPECT_EQ(CMN_SetParam(&conf.rec, id, text, limit), limit);
-        std::memcpy(want.bytes() + off, text, limit);
-        want.bytes()[off + limit] = 0;
-        EXPECT_EQ(diff(conf, want), "");
-        // Gets copy min(strlen, BufLen - 1) bytes without a terminator.
-        const int gets[][2] = {{80, limit}, {limit + 1, limit}, {limit, limit - 1}, {4, 3}, {1, 0}, {0, -1}, {-3, -1}};
-        for (const auto& g : gets) {
-            unsigned char out[80];
-            std::memset(out, 0xee, sizeof out);
-            EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, g[0]), g[1]) << "BufLen " << g[0];
-            EXPECT_EQ(to_hex(out, std::max(g[1], 0) + 1), then_ee(text, g[1]));
+        for (int len : {limit + 1, -1, -300}) {  // too long: dropped silently
+            int r = 0;
+            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, id, text + 1, len); }), "");
+            EXPECT_EQ(r, len);
         }
-        // A NUL inside the value ends the stored text.
-        unsigned char with_nul[] = {'a', 'b', 0, 'c'};
+        EXPECT_EQ(to_hex(conf.bytes() + off, limit + 1), to_hex(text, limit) + " 00");
+        // min(strlen, BufLen - 1) bytes, no terminator.
+        for (const auto& g : {std::make_pair(80, limit), {limit, limit - 1}, {1, 0}, {0, -1}, {-3, -1}}) {
+            std::memset(out, 0xee, sizeof out);
+            EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, g.first), g.second) << "BufLen " << g.first;
+            EXPECT_EQ(to_hex(out, std::max(g.second, 0) + 1), then_ee(text, g.second));
+        }
+        unsigned char with_nul[] = {'a', 'b', 0, 'c'};  // the NUL ends the stored text
         CMN_SetParam(&conf.rec, id, with_nul, 4);
-        EXPECT_STREQ(reinterpret_cast<char*>(conf.bytes() + off), "ab");
+        EXPECT_EQ(CMN_GetParam(&conf.rec, id, out, 80), 2);
+        EXPECT_EQ(to_hex(out, 3), "61 62 ee");
     });
 }
 
 enum RawGet { kFixed, kAlways, kOwn, kNoSet };
 
 // Raw values: verbatim up to their size on set; a fixed get returns the
-// size and writes nothing into a shorter buffer, 0x0110 writes its 8 bytes
-// whatever BufLen says.  Rows marked kOwn have get rules of their own
-// (below); 0xf3f0 is get-only.
-struct RawCase {
-    int id;
-    size_t offset;
-    int size;
-    RawGet get;
-};
-
+// size and writes nothing into a shorter buffer, kAlways writes its bytes
+// whatever BufLen says.  kOwn rows have get rules of their own (below).
 // clang-format off
-const RawCase kRaws[] = {
+const struct { int id; size_t offset; int size; RawGet get; } kRaws[] = {
     {0x0076, 707, 151, kOwn},   {0x0079, 1111, 3, kFixed},  {0x007b, 1114, 2, kFixed},  {0x007c, 1116, 20, kFixed},
     {0x0110, 1201, 8, kAlways}, {0x8620, 2345, 128, kFixed}, {0x8f21, 2299, 46, kFixed}, {0xc21b, 2169, 10, kOwn},
     {0xc222, 2179, 10, kOwn},   {0xc255, 2193, 10, kOwn},   {0xf001, 1241, 8, kFixed},  {0xf002, 1249, 8, kFixed},
@@ -173,88 +137,73 @@ const RawCase kRaws[] = {
 // clang-format on
 
 TEST(Frame, EveryRawId) {
-    unsigned char value[160];
+    unsigned char value[160], untouched[160];
     for (int i = 0; i < 160; i++) value[i] = static_cast<unsigned char>(i + 1);
-    for (const RawCase& c : kRaws) {
+    std::memset(untouched, 0xee, sizeof untouched);
+    for (const auto& c : kRaws) {
         SCOPED_TRACE(c.id);
-        Conf conf = patterned(), want = patterned();
+        Conf conf;
         int r = 0;
-        if (c.get != kNoSet) {
-            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, value, c.size + 1); }), "");
-            EXPECT_EQ(r, c.size + 1);
-            EXPECT_EQ(diff(conf, want), "");
-            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, value, c.size), c.size);
-            std::memcpy(want.bytes() + c.offset, value, c.size);
-            EXPECT_EQ(diff(conf, want), "");
-            // A shorter value replaces only its own bytes.
-            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, kWire, 1), 1);
-            want.bytes()[c.offset] = kWire[0];
-            EXPECT_EQ(diff(conf, want), "");
-        } else {
+        if (c.get == kNoSet) {
             std::memcpy(conf.bytes() + c.offset, value, c.size);
+        } else {
+            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, value, c.size), c.size);
+            EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, value + 1, c.size + 1); }), "");  // dropped
+            EXPECT_EQ(r, c.size + 1);
+            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, kWire, 1), 1);  // replaces only its own byte
+            EXPECT_EQ(to_hex(conf.bytes() + c.offset, c.size), to_hex(kWire, 1) + " " + to_hex(value + 1, c.size - 1));
         }
         if (c.get == kOwn) continue;
-        unsigned char out[200];
-        std::memset(out, 0xee, sizeof out);
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.size - 1); }), "");
-        EXPECT_EQ(r, c.size);
-        EXPECT_EQ(to_hex(out, c.size + 1),
-                  then_ee(c.get == kAlways ? conf.bytes() + c.offset : kUntouched.data(), c.size));
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, c.size), c.size);
-        EXPECT_EQ(to_hex(out, c.size + 1), then_ee(conf.bytes() + c.offset, c.size));
+        for (int buflen : {c.size - 1, c.size}) {
+            unsigned char out[200];
+            std::memset(out, 0xee, sizeof out);
+            EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, buflen); }), "");
+            EXPECT_EQ(r, c.size);
+            const bool written = buflen == c.size || c.get == kAlways;
+            EXPECT_EQ(to_hex(out, c.size + 1), then_ee(written ? conf.bytes() + c.offset : untouched, c.size));
+        }
     }
 }
 
-// Gets with rules of their own.  0xc21b/0xc222/0xc255 store raw bytes
-// without a terminator and read them as text, so a full 0xc21b runs on into
-// 0xc222; 0xf114 gives min(8, BufLen - 1) bytes; 0x0026 writes
-// "address:port" from 0xf123 and 0x0018, bounded by BufLen, and reports -1.
+// 0xc21b/0xc222 store raw bytes without a terminator and read them as text,
+// so a full 0xc21b runs on into 0xc222; 0xf114 gives min(8, BufLen - 1)
+// bytes; 0x0026 writes "address:port" from 0xf123 and 0x0018, bounded by
+// BufLen, and reports -1.
 TEST(Frame, OwnGetRules) {
-    Conf conf;
-    unsigned char old_value[] = "ABCDEFG", short_value[] = "abc", x[] = "xxxxxxxxxx", addr[] = "10.1.2.3";
-    unsigned char f114[8] = {1, 2, 3, 4, 5, 6, 7, 8}, port[4] = {0x00, 0x00, 0x1b, 0x60};
-    for (int id : {0xc222, 0xc255}) {
-        CMN_SetParam(&conf.rec, id, old_value, 7);
-        CMN_SetParam(&conf.rec, id, short_value, 3);
-    }
-    CMN_SetParam(&conf.rec, 0xc21b, x, 10);
-    CMN_SetParam(&conf.rec, 0xf114, f114, 8);
-    CMN_SetParam(&conf.rec, 0xf123, addr, 8);
-    CMN_SetParam(&conf.rec, 0x0018, port, 4);
     using namespace std::string_literals;
-    const struct {
-        int id, buflen, ret;
-        std::string written;
-    } cases[] = {
-        // clang-format off
+    Conf conf;
+    // clang-format off
+    const std::pair<int, std::string> sets[] = {
+        {0xc222, "ABCDEFG"},    {0xc222, "abc"},               {0xc255, "ABCDEFG"},  {0xc255, "abc"},
+        {0xc21b, "xxxxxxxxxx"}, {0xf114, "\1\2\3\4\5\6\7\10"}, {0xf123, "10.1.2.3"}, {0x0018, "\0\0\x1b\x60"s}};
+    const struct { int id, buflen, ret; std::string written; } cases[] = {
         {0xc222, 32, 7, "abcDEFG"}, {0xc255, 32, 7, "abcDEFG"}, {0xc21b, 32, 17, "xxxxxxxxxxabcDEFG"},
-        {0xc21b, 6, 5, "xxxxx"},    {0xf114, -1, -1, ""},       {0xf114, 0, -1, ""},
-        {0xf114, 1, 0, ""},         {0xf114, 5, 4, "\1\2\3\4"}, {0xf114, 8, 7, "\1\2\3\4\5\6\7"},
+        {0xc21b, 6, 5, "xxxxx"},    {0xf114, 0, -1, ""},        {0xf114, 1, 0, ""},  {0xf114, 8, 7, "\1\2\3\4\5\6\7"},
         {0xf114, 9, 8, "\1\2\3\4\5\6\7\10"}, {0xf114, 64, 8, "\1\2\3\4\5\6\7\10"},
         {0x0026, 80, -1, "10.1.2.3:7008\0"s}, {0x0026, 5, -1, "10.1\0"s},
-        // clang-format on
     };
+    // clang-format on
+    for (auto s : sets) {
+        CMN_SetParam(&conf.rec, s.first, reinterpret_cast<unsigned char*>(&s.second[0]), s.second.size());
+    }
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.id << " BufLen " << c.buflen);
         unsigned char out[80];
         std::memset(out, 0xee, sizeof out);
         EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, c.buflen), c.ret);
-        const int n = static_cast<int>(c.written.size());
-        EXPECT_EQ(to_hex(out, n + 1), then_ee(reinterpret_cast<const unsigned char*>(c.written.data()), n));
+        EXPECT_EQ(to_hex(out, c.written.size() + 1), then_ee(c.written.data(), static_cast<int>(c.written.size())));
     }
 }
 
 // 0x0076 sends the three counts and (their sum modulo 256) entries of 4,
 // capped at 37 with a line; BufLen is not consulted.
 TEST(Frame, ChannelListGet) {
-    const struct {
-        int counts[3], ret;
-        const char* out;
-    } cases[] = {{{0, 0, 0}, 3, ""},
-                 {{1, 1, 0}, 11, ""},
-                 {{0, 0, 37}, 151, ""},
-                 {{200, 50, 10}, 19, ""},  // 260 modulo 256
-                 {{20, 10, 8}, 151, "Err [CMN_GetParam():N] Total Ch Num:38=20+10+8 Over:37\n"}};
+    // clang-format off
+    const struct { int counts[3], ret; const char* out; } cases[] = {
+        {{1, 1, 0}, 11, ""}, {{0, 0, 37}, 151, ""}, {{200, 50, 10}, 19, ""},
+        {{20, 10, 8}, 151, "Err [CMN_GetParam():N] Total Ch Num:38=20+10+8 Over:37\n"},
+    };
+    // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(c.ret);
         Conf conf;

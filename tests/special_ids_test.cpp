@@ -4,6 +4,7 @@
 #include <algorithm>
 #include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "test_util.h"
@@ -20,68 +21,47 @@ namespace {
 // runs; at the minimum, and at -1 (a huge unsigned length), the codec
 // answers with its form's length.
 TEST(SpecialIds, BlockMinimumBuffers) {
-    const struct {
-        int id, minimum, form;
-    } cases[] = {
+    // clang-format off
+    const struct { int id, minimum, form; } cases[] = {
         {0x0075, 21, 21}, {0x0077, 253, 85}, {0xe138, 22, 22},  {0xe139, 33, 33}, {0xe140, 33, 33}, {0xe141, 45, 45},
         {0xf0ef, 18, 18}, {0xf364, 104, 56}, {0xf365, 132, 49}, {0xf366, 36, 36}, {0xf368, 50, 50}, {0xf370, 56, 54},
         {0xf372, 20, 18}, {0xf373, 4, 4},    {0xf400, 42, 42},  {0xfe10, 16, 16},
     };
+    // clang-format on
     Conf conf;
     output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
     for (const auto& c : cases) {
         SCOPED_TRACE(c.id);
         // The ADAS codec logs the 56 bytes ahead of the buffer: give it room.
         std::vector<unsigned char> frame(64 + 300, 0xee);
-        unsigned char* out = frame.data() + 64;
         int r = 0;
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.minimum - 1); }), "");
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, frame.data() + 64, c.minimum - 1); }), "");
         EXPECT_EQ(r, -1);
         EXPECT_EQ(frame, std::vector<unsigned char>(frame.size(), 0xee));
-        output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, c.minimum); });
-        EXPECT_EQ(r, c.form);
-        output_of([&] { r = CMN_GetParam(&conf.rec, c.id, out, -1); });
-        EXPECT_EQ(r, c.form);
+        for (int buflen : {c.minimum, -1}) {
+            output_of([&] { r = CMN_GetParam(&conf.rec, c.id, frame.data() + 64, buflen); });
+            EXPECT_EQ(r, c.form) << buflen;
+        }
     }
 }
 
-// The length handed to a block codec is cut to 8 bits; the set returns the
-// caller's len whatever the codec makes of it, and the codec converts first.
+// The length handed to a block codec is cut to 8 bits (277 reaches it as
+// 21); the set returns the caller's len whatever the codec makes of it.
 TEST(SpecialIds, BlockLengthIsCutToEightBits) {
-    const std::string enc = "01 02 0019 1e 11223344 03 04 0032 0f a1b2c3d4 0123 01";
-    const std::string ch =
-        "02 01 01 02 0019 19 00001388 01 02 0019 19 00001388 0003"
-        "   02 01 02 0019 19 00001388 01 02 0019 19 00001388 0007";
-    const struct {
-        int id;
-        std::string wire;
-        int len;
-        const char* out;
-    } cases[] = {
-        {0x0075, enc, 21, ""},
-        {0x0075, enc, 277, ""},
-        {0x0075, enc, 20, "[ASSERT][CMN_B2LStruct:N]: DataLen == Cnt\n"},
-        {0x0077, ch, 43, ""},
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.len);
-        Conf conf;
-        std::vector<unsigned char> wire = hex(c.wire), out(260, 0xee);
-        const size_t n = wire.size();
-        wire.resize(300, 0x77);
-        int r = 0;
-        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire.data(), c.len); }), c.out);
-        EXPECT_EQ(r, c.len);
-        EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out.data(), 253), static_cast<int>(n));
-        EXPECT_EQ(to_hex(out.data(), n + 1), to_hex(wire.data(), n) + " ee");
-    }
+    Conf conf;
+    std::vector<unsigned char> wire = hex("01 02 0019 1e 11223344 03 04 0032 0f a1b2c3d4 0123 01"), out(32, 0xee);
+    const std::string enc = to_hex(wire.data(), wire.size());
+    wire.resize(300, 0x77);
+    int r = 0;
+    EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, 0x0075, wire.data(), 277); }), "");
+    EXPECT_EQ(r, 277);
+    EXPECT_EQ(CMN_GetParam(&conf.rec, 0x0075, out.data(), 32), 21);
+    EXPECT_EQ(to_hex(out.data(), 22), enc + " ee");
     // 300 reaches the ADAS codec as 44: the field is converted, then the
     // length fails.  The codec logs the bytes before the block.
-    Conf conf;
     output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
     std::vector<unsigned char> frame(64 + 320, 0xff);
     frame[64] = 40;
-    int r = 0;
     EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, 0xf364, frame.data() + 64, 300); }),
               "[ASSERT][SubiaoAdas_B2LStruct:N]: DataLen == Cnt\n");
     EXPECT_EQ(r, 300);
@@ -90,17 +70,15 @@ TEST(SpecialIds, BlockLengthIsCutToEightBits) {
 
 // The provider's line, then the get's line with a dump of what was written.
 TEST(SpecialIds, Identity) {
-    const struct {
-        int id, buflen;
-        const char *provider_line, *text;
-    } cases[] = {
+    // clang-format off
+    const struct { int id, buflen; const char *provider_line, *text; } cases[] = {
         {0xff01, 64, "Inf [GetDeviceFactoryId():N] FactoryId:40917\n", "40917"},
         {0xff02, 64, "Inf [GetDeviceTerminalType():N] TerminalType:MDVR\n", "MDVR"},
         {0xff02, 3, "Inf [GetDeviceTerminalType():N] TerminalType:MD\n", "MD"},
         {0xff01, 1, "Inf [GetDeviceFactoryId():N] FactoryId:\n", ""},
-        // A buffer of 6 is too small for the MAC reader whatever the machine.
-        {0xff00, 6, "Err [GetMacFormFile():N] MAC Size less than 6\n", ""},
+        {0xff00, 6, "Err [GetMacFormFile():N] MAC Size less than 6\n", ""},  // too small on any machine
     };
+    // clang-format on
     Conf conf;
     for (const auto& c : cases) {
         SCOPED_TRACE(c.buflen);
@@ -115,34 +93,33 @@ TEST(SpecialIds, Identity) {
         EXPECT_EQ(r, n);
         EXPECT_EQ(std::string(reinterpret_cast<char*>(buf), n), c.text);
     }
-    // The MAC comes from the machine: either it was read (6 bytes dumped)
-    // or the reader failed with a line of its own.
+    // The MAC comes from the machine: either 6 bytes were read or the
+    // reader failed with a line of its own.
     unsigned char buf[32] = {};
     int r = 0;
     std::string out = output_of([&] { r = CMN_GetParam(&conf.rec, 0xff00, buf, sizeof buf); });
+    const std::string war = "War [CMN_GetParam():N] Get ID:ff00 Len:" + std::to_string(r) + "_";
     if (r == 6) {
-        EXPECT_EQ(out, "War [CMN_GetParam():N] Get ID:ff00 Len:6_" + dump_text(buf, 6));
+        EXPECT_EQ(out, war + dump_text(buf, 6));
     } else {
         EXPECT_EQ(r, 0);
         EXPECT_EQ(out.rfind("Err [GetMacFormFile():N] ", 0), 0u) << out;
-        const std::string war = "War [CMN_GetParam():N] Get ID:ff00 Len:0_\n";
-        EXPECT_EQ(out.substr(out.size() - std::min(out.size(), war.size())), war);
+        EXPECT_EQ(out.substr(out.size() - std::min(out.size(), war.size() + 1)), war + "\n");
     }
 }
 
 // The debug IDs dump what the caller passed in and answer -1.
 TEST(SpecialIds, DebugDumps) {
-    const struct { int id, buflen; } cases[] = {{0xf441, 3}, {0xf641, 3}, {0xf441, 0}, {0xf641, -2}, {0xf441, 31}};
     unsigned char buf[40], copy[40];
     for (int i = 0; i < 40; i++) buf[i] = static_cast<unsigned char>(0xa0 + i);
     Conf conf;
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.buflen);
+    for (const auto& c : {std::make_pair(0xf441, 1), {0xf441, 0}, {0xf641, -2}, {0xf441, 31}}) {
+        SCOPED_TRACE(c.second);
         std::memcpy(copy, buf, sizeof buf);
         int r = 0;
-        std::string want = "CMN_GetParam,N,BufLen=" + std::to_string(c.buflen) + "\n";
-        if (c.buflen > 0) want += dump_text(buf, c.buflen);
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, copy, c.buflen); }), want + "\n");
+        std::string want = "CMN_GetParam,N,BufLen=" + std::to_string(c.second) + "\n";
+        if (c.second > 0) want += dump_text(buf, c.second);
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.first, copy, c.second); }), want + "\n");
         EXPECT_EQ(r, -1);
         EXPECT_EQ(std::memcmp(copy, buf, sizeof buf), 0);
     }

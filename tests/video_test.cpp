@@ -1,9 +1,8 @@
-// video_test.cpp - the encoding-parameter and channel-setting codecs:
-// field order and byte order, convert-before-check, the count clamp in
-// both directions and the short-buffer rules of the channel settings.
+// video_test.cpp - the encoding-parameter and channel-setting codecs: byte
+// order, convert-before-check, the count clamp and the short-buffer rules.
 #include <algorithm>
-#include <cstring>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "test_util.h"
@@ -15,104 +14,81 @@ using bbtest::to_hex;
 namespace {
 
 using Bytes = std::vector<unsigned char>;
+using Enc = tagAV_ENC_PARAM_ST;
+using Channels = tagAV_INDIVIDUAL_SETTING_ST;
 
 const std::string kAssertSet = "[ASSERT][CMN_B2LStruct:N]: DataLen == Cnt\n";
 const std::string kAssertGet = "[ASSERT][CMN_LStruct2B:N]: BufLen >= Cnt\n";
 
-template <typename T>
-std::string hex_of(const T& v) {
-    return to_hex(reinterpret_cast<const unsigned char*>(&v), sizeof v);
+// The bytes as hex, padded with ee to size.
+std::string hx(Bytes b, size_t size = 0) {
+    b.resize(std::max(size, b.size()), 0xee);
+    return to_hex(b.data(), b.size());
 }
-std::string hx(const Bytes& b) { return to_hex(b.data(), b.size()); }
 
-// Live: mode, resolution, key frame 25, 30 fps, bit rate; storage: mode,
-// resolution, key frame 50, 15 fps, bit rate; OSD mask; audio on.
-const char kEncWire[] = "01 02 0019 1e 11223344  03 04 0032 0f a1b2c3d4  0123 01";
-const char kEncLocal[] = "01 02 1900 1e 44332211  03 04 3200 0f d4c3b2a1  2301 01";
-
-// Both directions convert before they check the length or the room.
+// len must be 21 and buflen at least 21, but both directions convert first.
 TEST(Video, EncodingBothWays) {
-    Bytes wire = hex(kEncWire);
-    for (int len : {21, 20, 22, 0, 255}) {
+    // Live: mode, resolution, key frame 25, 30 fps, bit rate; storage likewise; OSD mask; audio on.
+    const Bytes wire = hex("01 02 0019 1e 11223344  03 04 0032 0f a1b2c3d4  0123 01");
+    for (int len : {21, 20, 22, 64}) {
         SCOPED_TRACE(len);
-        tagAV_ENC_PARAM_ST local;
-        std::memset(&local, 0x5a, sizeof local);
-        unsigned r = 99;
-        EXPECT_EQ(output_of([&] { r = CMN_B2LStruct(wire.data(), static_cast<unsigned char>(len), &local); }),
-                  len == 21 ? "" : kAssertSet);
-        EXPECT_EQ(r, len == 21 ? 21u : 0u);
-        EXPECT_EQ(hex_of(local), hx(hex(kEncLocal)));
-    }
-    for (unsigned buflen : {21u, 64u, 20u, 1u}) {
-        SCOPED_TRACE(buflen);
-        tagAV_ENC_PARAM_ST local;
-        CMN_B2LStruct(wire.data(), 21, &local);
-        unsigned char out[64];
-        std::memset(out, 0xee, sizeof out);
-        int r = 99;
-        EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&local, out, buflen); }), buflen >= 21 ? "" : kAssertGet);
-        EXPECT_EQ(r, buflen >= 21 ? 21 : 0);
-        EXPECT_EQ(to_hex(out, 22), hx(wire) + " ee");
+        Bytes in = wire, local(sizeof(Enc), 0x5a), out(65, 0xee);
+        int r = 99, g = 99;
+        EXPECT_EQ(output_of([&] {
+                      r = bbtest::set_as<Enc>(in.data(), static_cast<unsigned char>(len), local.data());
+                      g = bbtest::get_as<Enc>(local.data(), out.data(), static_cast<unsigned>(len));
+                  }),
+                  (len == 21 ? "" : kAssertSet) + (len >= 21 ? "" : kAssertGet));
+        EXPECT_EQ(hx(local), hx(hex("01 02 1900 1e 44332211  03 04 3200 0f d4c3b2a1  2301 01")));
+        EXPECT_EQ(std::make_pair(r, g), std::make_pair(len == 21 ? 21 : 0, len >= 21 ? 21 : 0));
+        EXPECT_EQ(hx(out), hx(wire, 65));
     }
 }
 
-// Channel entry k: logical channel k + 1, OSD mask 0x0f0k, the rest fixed;
-// a wire of `count` and its entries, with room behind for whatever is read.
-std::string entry(int k, bool wire) {
-    char b[80];
-    std::snprintf(b, sizeof b,
-                  wire ? " %02x 06 07 0019 19 00001388 02 03 0064 0a 0000ea60 0f%02x"
-                       : " %02x 06 07 1900 19 88130000 02 03 6400 0a 60ea0000 %02x0f",
-                  k + 1, k);
-    return b;
-}
-
+// A count byte and entries k = 0.. (logical channel k + 1, OSD mask 0x0f0k).
 Bytes channels(int count, int entries, bool wire = true) {
-    char b[4];
+    char b[80];
     std::snprintf(b, sizeof b, "%02x", count);
     std::string s = b;
-    for (int k = 0; k < entries; k++) s += entry(k, wire);
+    for (int k = 0; k < entries; k++) {
+        std::snprintf(b, sizeof b,
+                      wire ? " %02x 06 07 0019 19 00001388 02 03 0064 0a 0000ea60 0f%02x"
+                           : " %02x 06 07 1900 19 88130000 02 03 6400 0a 60ea0000 %02x0f",
+                      k + 1, k);
+        s += b;
+    }
     return hex(s);
 }
 
 TEST(Video, ChannelSettingsWireToLocal) {
+    // wire count, len, result, count and entries in the record afterwards
     // clang-format off
-    const struct {
-        int count, len;  // wire byte 0, len argument
-        unsigned ret;
-        int stored;  // count and entries found in the record afterwards
-    } cases[] = {
-        {0, 1, 1, 0},   {0, 2, 0, 0},       {1, 22, 22, 1},     {2, 43, 43, 2},   {2, 44, 0, 2},
-        {2, 22, 0, 2},  {12, 253, 253, 12}, {13, 253, 253, 12}, {13, 255, 0, 12}, {255, 253, 253, 12},
-    };
+    const int cases[][4] = {{0, 1, 1, 0},   {0, 2, 0, 0},       {1, 22, 22, 1},     {2, 43, 43, 2},   {2, 44, 0, 2},
+                            {2, 22, 0, 2},  {12, 253, 253, 12}, {13, 253, 253, 12}, {13, 255, 0, 12},
+                            {255, 253, 253, 12}};
     // clang-format on
     for (const auto& c : cases) {
-        SCOPED_TRACE(testing::Message() << c.count << " len " << c.len);
-        Bytes wire = channels(c.count, std::min(c.count, 12));
+        SCOPED_TRACE(testing::Message() << c[0] << " len " << c[1]);
+        Bytes wire = channels(c[0], std::min(c[0], 12)), local(sizeof(Channels), 0x5a), want = local;
         wire.resize(300, 0xcc);
-        tagAV_INDIVIDUAL_SETTING_ST local;
-        std::memset(&local, 0x5a, sizeof local);
-        unsigned r = 99;
-        EXPECT_EQ(output_of([&] { r = CMN_B2LStruct(wire.data(), static_cast<unsigned char>(c.len), &local); }),
-                  c.ret ? "" : kAssertSet);
-        EXPECT_EQ(r, c.ret);
-        Bytes want = channels(c.stored, c.stored, false);
-        want.resize(sizeof local, 0x5a);
-        EXPECT_EQ(hex_of(local), hx(want));
+        int r = 99;
+        const auto len = static_cast<unsigned char>(c[1]);
+        EXPECT_EQ(output_of([&] { r = bbtest::set_as<Channels>(wire.data(), len, local.data()); }),
+                  c[2] ? "" : kAssertSet);
+        EXPECT_EQ(r, c[2]);
+        const Bytes stored = channels(c[3], c[3], false);
+        std::copy(stored.begin(), stored.end(), want.begin());
+        EXPECT_EQ(hx(local), hx(want));
     }
 }
 
+// The query repairs a count above 12 in the record; with room for fewer
+// entries than counted it writes the whole ones that fit.
 TEST(Video, ChannelSettingsLocalToWire) {
     const std::string need13 = "Err [CMN_LStruct2B():N] Need Set AV Num:13 Over:12\n";
+    // count: in the record before the query; entries: whole ones on the wire; wire_count -1: nothing written
     // clang-format off
-    const struct {
-        int count;  // record count before the query
-        unsigned buflen;
-        int ret;
-        int entries;     // whole entries expected on the wire
-        int wire_count;  // byte 0 of the wire, -1 when nothing may be written
-        std::string out;
-    } cases[] = {
+    const struct { int count; unsigned buflen; int ret, entries, wire_count; std::string out; } cases[] = {
         {0, 1, 1, 0, 0, ""},        {0, 0, 0, 0, -1, kAssertGet},   {3, 0, 0, 0, -1, kAssertGet},
         {3, 10, 1, 0, 3, ""},       {3, 21, 1, 0, 3, ""},           {3, 22, 22, 1, 3, ""},
         {3, 63, 43, 2, 3, ""},      {3, 64, 64, 3, 3, ""},          {3, 253, 64, 3, 3, ""},
@@ -121,18 +97,12 @@ TEST(Video, ChannelSettingsLocalToWire) {
     // clang-format on
     for (const auto& c : cases) {
         SCOPED_TRACE(testing::Message() << c.count << " buflen " << c.buflen);
-        Bytes full = channels(12, 12);
-        tagAV_INDIVIDUAL_SETTING_ST local;
-        CMN_B2LStruct(full.data(), 253, &local);
-        local.ucChNum = static_cast<unsigned char>(c.count);
-        Bytes out(300, 0xee);
+        Bytes local = channels(c.count, 12, false), out(300, 0xee);  // 12 entries behind any count
         int r = 99;
-        EXPECT_EQ(output_of([&] { r = CMN_LStruct2B(&local, out.data(), c.buflen); }), c.out);
+        EXPECT_EQ(output_of([&] { r = bbtest::get_as<Channels>(local.data(), out.data(), c.buflen); }), c.out);
         EXPECT_EQ(r, c.ret);
-        EXPECT_EQ(local.ucChNum, std::min(c.count, 12));  // repaired by the query
-        Bytes want = c.wire_count < 0 ? Bytes() : channels(c.wire_count, c.entries);
-        want.resize(300, 0xee);
-        EXPECT_EQ(hx(out), hx(want));
+        EXPECT_EQ(local[0], std::min(c.count, 12));
+        EXPECT_EQ(hx(out), hx(c.wire_count < 0 ? Bytes() : channels(c.wire_count, c.entries), 300));
     }
 }
 
