@@ -1,5 +1,5 @@
 // defaults_test.cpp - the factory reset: the whole 3386-byte image built
-// here field by field from the published defaults, the block initialisers
+// here field by field from the terminal's factory values, the block initialisers
 // one by one against that image, their order, and the taxi record's reset.
 #include <algorithm>
 #include <cstring>

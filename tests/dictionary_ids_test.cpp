@@ -1,6 +1,6 @@
 // dictionary_ids_test.cpp - which of the 65536 parameter IDs the terminal
 // dictionary knows: every ID is tried on get and on set, and the IDs that do
-// not report "Not Find" must be exactly the published ones; then the exact
+// not report "Not Find" must be exactly the terminal's parameter IDs; then the exact
 // "Not Find" lines and results.
 #include <cstdio>
 #include <cstdlib>
@@ -56,7 +56,7 @@ std::string found_vs(const std::vector<bool>& want, F&& call) {
     return s.GetString();
 }
 
-TEST(DictionaryIds, ExactlyThePublishedIdsAreKnown) {
+TEST(DictionaryIds, ExactlyTheTerminalIdsAreKnown) {
     Conf conf;
     output_of([&] { CMN_InitBbConfToDefault(&conf.rec); });
     std::vector<bool> want(0x10000);
