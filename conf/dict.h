@@ -29,12 +29,21 @@ struct DictCall {
 using SetRule = void (*)(const ParamDef& d, const DictCall& c, unsigned char* src, int len);
 using GetRule = int (*)(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
 
+/* What a row keeps in the record, for the compile-time check of a table. */
+enum class Store : uint8_t {
+    Other,  /* blocks and rows with rules of their own */
+    Number, /* limit bytes: 1, 2 or 4 */
+    Text,   /* at most limit characters and a terminator */
+    Raw,    /* at most limit bytes */
+};
+
 struct ParamDef {
     int id;
     uint16_t offset;
     uint16_t limit;
     SetRule set;
     GetRule get;
+    Store store = Store::Other;
 };
 
 /* The search narrows the sorted table by the ID's upper 12 bits: bucket b
@@ -141,25 +150,23 @@ int get_raw_fixed(const ParamDef& d, const DictCall& c, unsigned char* dst, int 
 int get_silent(const ParamDef& d, const DictCall& c, unsigned char* dst, int buflen);
 
 /* --- Row kinds shared by both records ------------------------------------ */
-constexpr ParamDef U8(int id, uint16_t off) { return {id, off, 1, set_number, get_number}; }
-constexpr ParamDef U16(int id, uint16_t off) { return {id, off, 2, set_number, get_number}; }
-constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_number, get_number}; }
+constexpr ParamDef U8(int id, uint16_t off) { return {id, off, 1, set_number, get_number, Store::Number}; }
+constexpr ParamDef U16(int id, uint16_t off) { return {id, off, 2, set_number, get_number, Store::Number}; }
+constexpr ParamDef U32(int id, uint16_t off) { return {id, off, 4, set_number, get_number, Store::Number}; }
 
 /* Whether a row holds a plain number (its width is the row's limit). */
 constexpr bool is_number(const ParamDef& d) { return d.get == get_number; }
 
-/* Every value a row stores or reads whole lies inside the record: numbers
- * are 1, 2 or 4 bytes, and a terminated text (set_str, or the record's own
- * `text` rule) keeps room for its terminator after limit characters. */
+/* Every value a row keeps lies inside the record: numbers are 1, 2 or 4
+ * bytes, and a text keeps room for its terminator after limit characters. */
 template <size_t N>
-constexpr bool rows_fit(const ParamDef (&rows)[N], size_t rec_size, SetRule text = set_str) {
+constexpr bool rows_fit(const ParamDef (&rows)[N], size_t rec_size) {
     for (const ParamDef& d : rows) {
-        if (is_number(d) && d.limit != 1 && d.limit != 2 && d.limit != 4) {
+        if (d.store == Store::Number && d.limit != 1 && d.limit != 2 && d.limit != 4) {
             return false;
         }
-        const bool terminated = d.set == set_str || d.set == text;
-        const bool whole = terminated || is_number(d) || d.set == set_raw || d.get == get_raw_fixed;
-        if (whole && d.offset + d.limit + (terminated ? 1u : 0u) > rec_size) {
+        const size_t end = d.offset + d.limit + (d.store == Store::Text ? 1u : 0u);
+        if (d.store != Store::Other && end > rec_size) {
             return false;
         }
     }

@@ -140,8 +140,8 @@ int get_debug_dump(const ParamDef&, const DictCall& c, unsigned char* dst, int b
 
 #define OFF(f) static_cast<uint16_t>(offsetof(tagBB_CONF_ST, f))
 
-constexpr ParamDef STR(int id, uint16_t off, uint16_t n) { return {id, off, n, set_str, get_str}; }
-constexpr ParamDef RAW(int id, uint16_t off, uint16_t n, GetRule g) { return {id, off, n, set_raw, g}; }
+constexpr ParamDef STR(int id, uint16_t off, uint16_t n) { return {id, off, n, set_str, get_str, Store::Text}; }
+constexpr ParamDef RAW(int id, uint16_t off, uint16_t n, GetRule g) { return {id, off, n, set_raw, g, Store::Raw}; }
 constexpr ParamDef GET_ONLY(int id, uint16_t off, uint16_t n, GetRule g) { return {id, off, n, nullptr, g}; }
 template <typename T>
 constexpr ParamDef BLOCK(int id, uint16_t off, uint16_t min) {
@@ -234,8 +234,8 @@ constexpr ParamDef kRows[] = {
     RAW(0x007c, OFF(stWakeUpMode), sizeof(tagWAKEUP_MODE_PARAM_ST), get_raw_fixed),
     /* Vehicle, GNSS and CAN. */
     U32(0x0080, OFF(uiOdometer)),
-    {0x0081, OFF(usProvinceId), 2, set_number, get_u16_ret4},
-    {0x0082, OFF(usCityId), 2, set_number, get_u16_ret4},
+    {0x0081, OFF(usProvinceId), 2, set_number, get_u16_ret4, Store::Number},
+    {0x0082, OFF(usCityId), 2, set_number, get_u16_ret4, Store::Number},
     STR(0x0083, OFF(szPlate), 31),
     U8(0x0084, OFF(ucPlateColor)),
     U8(0x0090, OFF(ucGnssMode)),
@@ -262,10 +262,10 @@ constexpr ParamDef kRows[] = {
     RAW(0x8620, OFF(aucVendor8620), 128, get_raw_fixed),
     RAW(0x8f21, OFF(aucVendor8f21), 46, get_raw_fixed),
     /* Set as raw bytes (no terminator added), read back as text. */
-    {0xc21b, OFF(aucVendorC21b), 10, set_raw, get_str},
-    {0xc222, OFF(aucVendorC222), 10, set_raw, get_str},
+    {0xc21b, OFF(aucVendorC21b), 10, set_raw, get_str, Store::Raw},
+    {0xc222, OFF(aucVendorC222), 10, set_raw, get_str, Store::Raw},
     U32(0xc223, OFF(uiVendorC223)),
-    {0xc255, OFF(aucVendorC255), 10, set_raw, get_str},
+    {0xc255, OFF(aucVendorC255), 10, set_raw, get_str, Store::Raw},
     U32(0xc257, OFF(uiVendorC257)),
     U32(0xc258, OFF(uiVendorC258)),
     U32(0xc25b, OFF(uiVendorC25b)),

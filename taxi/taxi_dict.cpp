@@ -59,19 +59,19 @@ void set_accepted_not_stored(const ParamDef&, const DictCall&, unsigned char*, i
 #define WIDTH(f) sizeof(tagBBTAXI_CONF_ST::f)
 #define ELEM_WIDTH(a) sizeof(tagBBTAXI_CONF_ST::a[0])
 
-constexpr ParamDef U16_IN_U32(int id, uint16_t off) { return {id, off, 4, set_u16_into_u32, get_number}; }
+constexpr ParamDef U16_IN_U32(int id, uint16_t off) { return {id, off, 4, set_u16_into_u32, get_number, Store::Number}; }
 /* Raw bytes copied without a terminator into a field of width bytes; the
  * set never writes the field's last byte, so the zero the reset left there
  * ends the text that the get reads back. */
 constexpr ParamDef RAW_TEXT(int id, uint16_t off, size_t width) {
-    return {id, off, static_cast<uint16_t>(width - 1), set_raw, get_str};
+    return {id, off, static_cast<uint16_t>(width - 1), set_raw, get_str, Store::Raw};
 }
 constexpr ParamDef TEXT(int id, uint16_t off, size_t width) {
-    return {id, off, static_cast<uint16_t>(width - 1), set_text, get_str};
+    return {id, off, static_cast<uint16_t>(width - 1), set_text, get_str, Store::Text};
 }
-/* Set only: the get side answers -1 without a message. */
+/* Set only, at most limit bytes: the get side answers -1 without a message. */
 constexpr ParamDef SET_ONLY(int id, uint16_t off, uint16_t limit, SetRule s) {
-    return {id, off, limit, s, get_silent};
+    return {id, off, limit, s, get_silent, Store::Raw};
 }
 /* Neither stored nor read: a set reports "Not Find", a get answers -1
  * without a message. */
@@ -159,7 +159,7 @@ constexpr ParamDef kRows[] = {
     RAW_TEXT(0x0091, OFF(szParam0091), WIDTH(szParam0091)),
     RAW_TEXT(0x0092, OFF(szParam0092), WIDTH(szParam0092)),
     RAW_TEXT(0x0093, OFF(szParam0093), WIDTH(szParam0093)),
-    {0x0094, OFF(szParam0094), WIDTH(szParam0094), set_text_admit_full, get_str},
+    {0x0094, OFF(szParam0094), WIDTH(szParam0094), set_text_admit_full, get_str, Store::Raw},
     /* Meter and service values. */
     U8(0x00a0, ELEM(aucParam00a0, 0)),
     U8(0x00a1, ELEM(aucParam00a0, 1)),
@@ -196,7 +196,7 @@ constexpr ParamDef kRows[] = {
 
 static_assert(sorted_unique(kRows), "the taxi dictionary must be sorted by ID");
 
-static_assert(rows_fit(kRows, sizeof(tagBBTAXI_CONF_ST), set_text), "every taxi field must lie inside the record");
+static_assert(rows_fit(kRows, sizeof(tagBBTAXI_CONF_ST)), "every taxi field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
 constexpr auto kBuckets = make_buckets(kRows);
