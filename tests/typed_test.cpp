@@ -96,7 +96,7 @@ TEST(Typed, Setters) {
         SCOPED_TRACE(testing::Message() << "width " << c.w << " ID 0x" << std::hex << c.id);
         Conf conf, want;
         const std::vector<unsigned char> stored = hex(c.stored);
-        std::memcpy(want.bytes() + c.offset, stored.data(), stored.size());
+        if (!stored.empty()) std::memcpy(want.bytes() + c.offset, stored.data(), stored.size());
         int r = 0;
         std::string out = output_of([&] {
             r = c.w == kByte   ? CMN_SetByteParam(&conf.rec, c.id, static_cast<unsigned char>(c.value))
