@@ -154,17 +154,32 @@ double thread_cpu_ns() {
     return static_cast<double>(t.tv_sec) * 1e9 + static_cast<double>(t.tv_nsec);
 }
 
-// CPU nanoseconds per get of run over the sequence, best of several
-// rounds (CPU time, so that other load on the machine counts less).
-template <typename F>
-double ns_per_get(F run, size_t n) {
-    double best = 1e18;
-    for (int round = 0; round < 7; round++) {
-        double t0 = thread_cpu_ns();
-        unsigned sink = run();
-        double t1 = thread_cpu_ns();
-        benchmark::DoNotOptimize(sink);
-        best = std::min(best, (t1 - t0) / static_cast<double>(n));
+// Best CPU nanoseconds per get of each side over many rounds (CPU time, so
+// that other load on the machine counts less).  The rounds alternate the
+// two sides, so both see the same clock and caches, and start after a
+// second of the same work: a processor coming out of idle runs slower.
+struct PerGet {
+    double dict;
+    double scan;
+};
+
+PerGet best_per_get(Fixture& f, const std::vector<const ParamDef*>& seq) {
+    constexpr double kWarmUpNs = 1e9;
+    constexpr int kRounds = 40;
+    const double n = static_cast<double>(seq.size());
+    PerGet best{1e18, 1e18};
+    const double start = thread_cpu_ns();
+    for (int round = 0; round < kRounds;) {
+        const double t0 = thread_cpu_ns();
+        benchmark::DoNotOptimize(run_dictionary(f, seq));
+        const double t1 = thread_cpu_ns();
+        benchmark::DoNotOptimize(run_scan(f, seq));
+        const double t2 = thread_cpu_ns();
+        if (t0 - start >= kWarmUpNs) {
+            best.dict = std::min(best.dict, (t1 - t0) / n);
+            best.scan = std::min(best.scan, (t2 - t1) / n);
+            round++;
+        }
     }
     return best;
 }
@@ -182,8 +197,9 @@ int main(int argc, char** argv) {
     benchmark::RunSpecifiedBenchmarks();
     benchmark::Shutdown();
 
-    double dict = ns_per_get([&] { return run_dictionary(f, seq); }, seq.size());
-    double scan = ns_per_get([&] { return run_scan(f, seq); }, seq.size());
+    const PerGet t = best_per_get(f, seq);
+    const double dict = t.dict;
+    const double scan = t.scan;
     std::printf("get of %zu plain IDs: CMN_GetParam %.1f ns, linear scan %.1f ns -> %.1fx faster than the scan\n",
                 rows_where(true).size(), dict, scan, scan / dict);
     if (scan / dict < 5.0) {
