@@ -80,9 +80,8 @@ void record_defaults(unsigned seed, Digest& d) {
     CMN_InitBbConfToDefault(&conf);
     d.record(conf);
     d.values({CMN_UpdateCheckSum(&conf), CMN_VerifyCheckSum(&conf)});
-    void (*const profiles[])(tagBB_CONF_ST*) = {InitShenZhenPurnoBBParam, InitKelvoZtBBParam,
-                                                 InitShenZhenTamsaBBParam, InitZhaTuBbParam,
-                                                 InitGzZtBbParam,          InitKelvoZtShanXiBBParam};
+    void (*const profiles[])(tagBB_CONF_ST*) = {InitShenZhenPurnoBBParam, InitKelvoZtBBParam, InitShenZhenTamsaBBParam,
+                                                InitZhaTuBbParam,         InitGzZtBbParam,    InitKelvoZtShanXiBBParam};
     for (auto profile : profiles) {
         tagBB_CONF_ST copy = conf;
         profile(&copy);
@@ -95,21 +94,19 @@ void record_defaults(unsigned seed, Digest& d) {
 // One ID per value kind and per block that the dictionary routes, with the
 // wire length a platform sends.
 constexpr IdCase kTerminalIds[] = {
-    {0x0001, 4, false},   {0x0013, 40, true},   {0x0018, 4, false},   {0x0031, 2, false},
-    {0x0040, 12, true},   {0x0055, 4, false},   {0x0075, 21, false},  {0x0076, 151, false},
-    {0x0077, 253, false}, {0x0083, 7, true},    {0x0084, 1, false},   {0x0110, 8, false},
-    {0x101a, 2, false},   {0x101e, 1, false},   {0x8620, 128, false}, {0x8f21, 46, false},
-    {0xc223, 4, false},   {0xf001, 8, false},   {0xf002, 8, false},   {0xf0e9, 4, false},
-    {0xf0ef, 18, false},  {0xf114, 8, false},   {0xf120, 20, true},   {0xf123, 30, true},
-    {0xf364, 56, false},  {0xf365, 49, false},  {0xf366, 36, false},  {0xf367, 2, false},
-    {0xf368, 50, false},  {0xf370, 56, false},  {0xf372, 18, false},  {0xf373, 4, false},
-    {0xfe05, 20, true},   {0xfe10, 16, false},
+    {0x0001, 4, false},  {0x0013, 40, true},  {0x0018, 4, false},   {0x0031, 2, false},   {0x0040, 12, true},
+    {0x0055, 4, false},  {0x0075, 21, false}, {0x0076, 151, false}, {0x0077, 253, false}, {0x0083, 7, true},
+    {0x0084, 1, false},  {0x0110, 8, false},  {0x101a, 2, false},   {0x101e, 1, false},   {0x8620, 128, false},
+    {0x8f21, 46, false}, {0xc223, 4, false},  {0xf001, 8, false},   {0xf002, 8, false},   {0xf0e9, 4, false},
+    {0xf0ef, 18, false}, {0xf114, 8, false},  {0xf120, 20, true},   {0xf123, 30, true},   {0xf364, 56, false},
+    {0xf365, 49, false}, {0xf366, 36, false}, {0xf367, 2, false},   {0xf368, 50, false},  {0xf370, 56, false},
+    {0xf372, 18, false}, {0xf373, 4, false},  {0xfe05, 20, true},   {0xfe10, 16, false},
 };
 
 // Get-only IDs, and IDs and lengths that are refused.
 constexpr int kGetOnlyIds[] = {0x0026, 0xe138, 0xe139, 0xe140, 0xe141, 0xf3f0, 0xf400, 0xff01, 0xff02, 0xf441};
 constexpr IdCase kRefused[] = {
-    {0x0000, 4, false}, {0xffff, 4, false}, {0x0008, 4, false}, {0x10000, 4, false},
+    {0x0000, 4, false}, {0xffff, 4, false},  {0x0008, 4, false},   {0x10000, 4, false},
     {0x0010, 32, true}, {0x0010, -1, false}, {0xf365, 131, false}, {0x0010, 0, false},
 };
 
@@ -212,42 +209,51 @@ void blocks_video_night(unsigned seed, Digest& d) {
                                                       __InitNightTiredSetting);
 }
 
-void blocks_adas(unsigned seed, Digest& d) {
-    using Adas = tagBB_PARAM_ADAS_SUBIAO_ST;
+// The Subiao form and its CMN overload at the form's length, then the four
+// regional forms at several lengths.
+template <typename T>
+struct FormPair {
+    int (*b2l)(unsigned char*, unsigned char, T*);
+    int (*l2b)(T*, unsigned char*, unsigned int);
+};
+
+template <typename T>
+void forms(Digest& d, unsigned seed, const FormPair<T> (&own)[2], const FormPair<T> (&regional)[4], unsigned char len,
+           std::initializer_list<unsigned char> lens, int (*init)(T*)) {
     Bytes src(seed);
-    codec<Adas>(d, src, SubiaoAdas_B2LStruct, SubiaoAdas_LStruct2B, 56, __InitSubiaoAdasParam);
-    codec<Adas>(d, src, CMN_B2LStruct, CMN_LStruct2B, 56, __InitSubiaoAdasParam);
-    for (unsigned char len : {61, 64, 70, 72, 80}) {
-        codec<Adas>(d, src, SiChuan_B2LStruct, SiChuan_LStruct2B, len, __InitSubiaoAdasParam);
-        codec<Adas>(d, src, GuangDongAdas_B2LStruct, GuangDongAdas_LStruct2B, len, __InitSubiaoAdasParam);
-        codec<Adas>(d, src, HunanAdas_B2LStruct, HunanAdas_LStruct2B, len, __InitSubiaoAdasParam);
-        codec<Adas>(d, src, JiLingAdas_B2LStruct, JiLingAdas_LStruct2B, len, __InitSubiaoAdasParam);
+    for (const FormPair<T>& f : own) codec<T>(d, src, f.b2l, f.l2b, len, init);
+    for (unsigned char n : lens) {
+        for (const FormPair<T>& f : regional) codec<T>(d, src, f.b2l, f.l2b, n, init);
     }
+}
+
+void blocks_adas(unsigned seed, Digest& d) {
+    forms<tagBB_PARAM_ADAS_SUBIAO_ST>(d, seed,
+                                      {{SubiaoAdas_B2LStruct, SubiaoAdas_LStruct2B}, {CMN_B2LStruct, CMN_LStruct2B}},
+                                      {{SiChuan_B2LStruct, SiChuan_LStruct2B},
+                                       {GuangDongAdas_B2LStruct, GuangDongAdas_LStruct2B},
+                                       {HunanAdas_B2LStruct, HunanAdas_LStruct2B},
+                                       {JiLingAdas_B2LStruct, JiLingAdas_LStruct2B}},
+                                      56, {61, 64, 70, 72, 80}, __InitSubiaoAdasParam);
     d.value(__InitSubiaoAdasParam(nullptr));
 }
 
 void blocks_dsm(unsigned seed, Digest& d) {
-    using Dsm = tagBB_PARAM_DSM_SUBIAO_ST;
-    Bytes src(seed);
-    codec<Dsm>(d, src, SubiaoDsm_B2LStruct, SubiaoDsm_LStruct2B, 49, __InitSubiaoDsmParam);
-    codec<Dsm>(d, src, CMN_B2LStruct, CMN_LStruct2B, 49, __InitSubiaoDsmParam);
-    for (unsigned char len : {49, 56, 64, 80, 100}) {
-        codec<Dsm>(d, src, SiChuan_B2LStruct, SiChuan_LStruct2B, len, __InitSubiaoDsmParam);
-        codec<Dsm>(d, src, GuangDongDsm_B2LStruct, GuangDongDsm_LStruct2B, len, __InitSubiaoDsmParam);
-        codec<Dsm>(d, src, HunanDsm_B2LStruct, HunanDsm_LStruct2B, len, __InitSubiaoDsmParam);
-        codec<Dsm>(d, src, JiLingDsm_B2LStruct, JiLingDsm_LStruct2B, len, __InitSubiaoDsmParam);
-    }
+    forms<tagBB_PARAM_DSM_SUBIAO_ST>(d, seed,
+                                     {{SubiaoDsm_B2LStruct, SubiaoDsm_LStruct2B}, {CMN_B2LStruct, CMN_LStruct2B}},
+                                     {{SiChuan_B2LStruct, SiChuan_LStruct2B},
+                                      {GuangDongDsm_B2LStruct, GuangDongDsm_LStruct2B},
+                                      {HunanDsm_B2LStruct, HunanDsm_LStruct2B},
+                                      {JiLingDsm_B2LStruct, JiLingDsm_LStruct2B}},
+                                     49, {49, 56, 64, 80, 100}, __InitSubiaoDsmParam);
 }
 
 void blocks_regional(unsigned seed, Digest& d) {
     Bytes src(seed);
-    codec<tagBB_PARAM_DRIVER_IDENTIFY_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 22,
-                                          __InitHljDriverIdentifyParam);
-    codec<tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 33,
-                                                  __InitHljAdasParam);
+    codec<tagBB_PARAM_DRIVER_IDENTIFY_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 22, __InitHljDriverIdentifyParam);
+    codec<tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 33, __InitHljAdasParam);
     codec<tagBB_PARAM_DSM_HEIBIAO_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 33, __InitHljDsmParam);
-    codec<tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 45,
-                                                 __InitHljDevFailParam);
+    codec<tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST>(d, src, CMN_HljB2LStruct, CMN_HljLStruct2B, 45, __InitHljDevFailParam);
     codec<tagBB_PARAM_VDS_XIANGBIAO_ST>(d, src, CMN_B2LStruct, CMN_LStruct2B, 50, __InitXiangbiaoVdsParam);
     codec<tagBB_PARAM_DRIVER_CAPTURE_XIANGBIAO_ST>(d, src, CMN_B2LStruct, CMN_LStruct2B, 18,
                                                    __InitXiangbiaoDriverCaptureParam);
