@@ -118,4 +118,14 @@ inline void put_defaults(const DefaultTable& t, unsigned char* rec) {
 
 }  // namespace bbconf
 
+/* Defines the exported codec pair of a fixed form (SetFn wire to local,
+ * GetFn local to wire); the diagnostic lines carry the function's name. */
+#define BB_FIXED_FORM_CODECS(SetFn, GetFn, Type, form)                                           \
+    int SetFn(unsigned char* wire, unsigned char len, Type* local) {                             \
+        return bbconf::fixed_form_set((form), __func__, wire, len, bbconf::bytes_of(local));     \
+    }                                                                                            \
+    int GetFn(Type* local, unsigned char* wire, unsigned int buflen) {                           \
+        return bbconf::fixed_form_get((form), __func__, bbconf::bytes_of(local), wire, buflen);  \
+    }
+
 #endif

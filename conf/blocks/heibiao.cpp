@@ -120,47 +120,13 @@ static_assert(defaults_extent(kHljDevFailDefaults) == 35, "device failure: 0 to 
 
 using bbconf::bytes_of;
 
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len,
-                     tagBB_PARAM_DRIVER_IDENTIFY_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kDriverIdentifyForm, __func__, wire, len,
-                                  bytes_of(local));
-}
+BB_FIXED_FORM_CODECS(CMN_HljB2LStruct, CMN_HljLStruct2B, tagBB_PARAM_DRIVER_IDENTIFY_ST, bbconf::kDriverIdentifyForm)
 
-int CMN_HljLStruct2B(tagBB_PARAM_DRIVER_IDENTIFY_ST* local, unsigned char* wire,
-                     unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kDriverIdentifyForm, __func__, bytes_of(local), wire,
-                                  buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_HljB2LStruct, CMN_HljLStruct2B, tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST, bbconf::kVehicleOperateForm)
 
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len,
-                     tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kVehicleOperateForm, __func__, wire, len,
-                                  bytes_of(local));
-}
+BB_FIXED_FORM_CODECS(CMN_HljB2LStruct, CMN_HljLStruct2B, tagBB_PARAM_DSM_HEIBIAO_ST, bbconf::kHljDsmForm)
 
-int CMN_HljLStruct2B(tagBB_PARAM_VEHICLE_OPERATE_MONITOR_ST* local, unsigned char* wire,
-                     unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kVehicleOperateForm, __func__, bytes_of(local), wire,
-                                  buflen);
-}
-
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_HEIBIAO_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kHljDsmForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_HljLStruct2B(tagBB_PARAM_DSM_HEIBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kHljDsmForm, __func__, bytes_of(local), wire, buflen);
-}
-
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len,
-                     tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kHljDevFailForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_HljLStruct2B(tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST* local, unsigned char* wire,
-                     unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kHljDevFailForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_HljB2LStruct, CMN_HljLStruct2B, tagBB_PARAM_DEVICE_FAILURE_HEIBIAO_ST, bbconf::kHljDevFailForm)
 
 /* Initialisers: -1 after the assertion line on a null record, otherwise the
  * result of the closing "Param Inited!" line. */

@@ -79,29 +79,11 @@ static_assert(defaults_extent(kTiredDefaults) == sizeof(tagBB_PARAM_NIGHT_TIRED_
 
 using bbconf::bytes_of;
 
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_SPEED_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kSpeedForm, __func__, wire, len, bytes_of(local));
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_SPEED_ST, bbconf::kSpeedForm)
 
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_SPEED_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kSpeedForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_MOVE_ST, bbconf::kMoveForm)
 
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_MOVE_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kMoveForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_MOVE_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kMoveForm, __func__, bytes_of(local), wire, buflen);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_NIGHT_TIRED_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kTiredForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_LStruct2B(tagBB_PARAM_NIGHT_TIRED_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kTiredForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_TIRED_ST, bbconf::kTiredForm)
 
 /* The initialisers trust their caller: no pointer test, nothing printed. */
 void __InitNightSpeedLmt(tagBB_PARAM_NIGHT_SPEED_ST* pstNightSpeedLmt) {

@@ -143,21 +143,9 @@ int dump_announced(const unsigned char* local, unsigned char len, int record_len
 
 using bbconf::bytes_of;
 
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_TPMS_SUBIAO_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kTpmsForm, __func__, wire, len, bytes_of(local));
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_TPMS_SUBIAO_ST, bbconf::kTpmsForm)
 
-int CMN_LStruct2B(tagBB_PARAM_TPMS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kTpmsForm, __func__, bytes_of(local), wire, buflen);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kIntenseForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_LStruct2B(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kIntenseForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST, bbconf::kIntenseForm)
 
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERLOAD_SUBIAO_ST* local) {
     if (wire == NULL || local == NULL) {

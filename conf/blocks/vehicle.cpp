@@ -153,13 +153,7 @@ size_t store_until_stop(const unsigned char* wire, size_t p, unsigned char* rec,
 
 using bbconf::bytes_of;
 
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ZT_ALARM_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kZhatuForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_LStruct2B(tagBB_PARAM_ZT_ALARM_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kZhatuForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_ZT_ALARM_ST, bbconf::kZhatuForm)
 
 int CMN_B2LStruct(unsigned char* wire, unsigned char DataLen, BB_DPX_ADAS_PARM_ST* local) {
     if (wire == NULL || local == NULL) {

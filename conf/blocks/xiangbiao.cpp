@@ -84,13 +84,7 @@ static_assert(defaults_extent(kCaptureDefaults) == sizeof(tagBB_PARAM_DRIVER_CAP
 
 using bbconf::bytes_of;
 
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_VDS_XIANGBIAO_ST* local) {
-    return bbconf::fixed_form_set(bbconf::kVdsForm, __func__, wire, len, bytes_of(local));
-}
-
-int CMN_LStruct2B(tagBB_PARAM_VDS_XIANGBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::fixed_form_get(bbconf::kVdsForm, __func__, bytes_of(local), wire, buflen);
-}
+BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_VDS_XIANGBIAO_ST, bbconf::kVdsForm)
 
 /* Trusts its caller: 18 bytes are converted whatever len says, quietly.
  * Only a missing block or record is turned away (0), as in the shared
