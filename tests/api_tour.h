@@ -31,8 +31,7 @@ class Digest {
     void record(const T& rec) {
         bytes(&rec, sizeof rec);
     }
-    bool operator==(const Digest& o) const { return hash_ == o.hash_ && count_ == o.count_; }
-    size_t count() const { return count_; }
+    bool operator!=(const Digest& o) const { return hash_ != o.hash_ || count_ != o.count_; }
 
   private:
     uint64_t hash_ = 0xcbf29ce484222325ull;

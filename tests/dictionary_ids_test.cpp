@@ -6,7 +6,6 @@
 #include <cstdlib>
 #include <cstring>
 #include <string>
-#include <utility>
 #include <vector>
 
 #include "test_util.h"
@@ -75,19 +74,22 @@ TEST(DictionaryIds, ExactlyTheTerminalIdsAreKnown) {
 // Unknown IDs (and get-only ones on set): one line, len back on set, -1 on
 // get, the record untouched.
 TEST(DictionaryIds, NotFindLinesAndResults) {
-    for (const auto& c : {std::make_pair(0x0008, true), {0x10000, true}, {-5, true}, {0x0026, false}}) {
-        SCOPED_TRACE(c.first);
+    // clang-format off
+    const struct { int id; const char *set_id, *get_id; } cases[] = {
+        {0x0008, "8", "0x8"}, {0x10000, "10000", "0x10000"}, {-5, "fffffffb", "0xfffffffb"}, {0x0026, "26", nullptr}};
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.id);
         Conf conf, before;
         unsigned char wire[64] = {1, 2, 3, 4, 5, 6, 7, 8};
-        char want[64];
         int r = 0;
-        std::snprintf(want, sizeof want, "Err [CMN_SetParam():N] Not Find ID:%x \n", static_cast<unsigned>(c.first));
-        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.first, wire, 7); }), want);
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire, 7); }),
+                  std::string("Err [CMN_SetParam():N] Not Find ID:") + c.set_id + " \n");
         EXPECT_EQ(r, 7);
         EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
-        if (!c.second) continue;
-        std::snprintf(want, sizeof want, "Err [CMN_GetParam():N] Not Find ID:%#x\n", static_cast<unsigned>(c.first));
-        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.first, wire, sizeof wire); }), want);
+        if (!c.get_id) continue;
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, wire, sizeof wire); }),
+                  std::string("Err [CMN_GetParam():N] Not Find ID:") + c.get_id + "\n");
         EXPECT_EQ(r, -1);
     }
 }

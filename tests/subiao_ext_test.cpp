@@ -2,7 +2,6 @@
 // DSM, tyre pressure, intense driving, muck truck) are in adas_test.cpp.
 #include <algorithm>
 #include <cstddef>
-#include <cstdint>
 #include <string>
 #include <vector>
 
@@ -10,19 +9,16 @@
 
 namespace {
 
+using bbtest::dump_text;
 using bbtest::hex;
 using bbtest::output_of;
 using Bytes = std::vector<unsigned char>;
 
-std::string hx(const Bytes& b) { return bbtest::to_hex(b.data(), b.size()); }
-std::string dump(const Bytes& b, size_t n = SIZE_MAX) {
-    return bbtest::dump_text(b.data(), static_cast<int>(std::min(n, b.size())));
-}
 std::string assert_line(const std::string& fn, const char* text) { return "[ASSERT][" + fn + ":N]: " + text + "\n"; }
 std::string inf(const char* fn, const std::string& text) { return std::string("Inf [") + fn + "():N] " + text; }
 // What a call printed and returned, and the bytes it writes to, as one string; run() makes one from a call.
 std::string outcome(const std::string& out, int r, const Bytes& b) {
-    return out + "=" + std::to_string(r) + " " + hx(b);
+    return out + "=" + std::to_string(r) + " " + bbtest::to_hex(b.data(), b.size());
 }
 template <typename F>
 std::string run(F&& call, const Bytes& b) {
@@ -31,10 +27,8 @@ std::string run(F&& call, const Bytes& b) {
     return outcome(out, r, b);
 }
 
-// --- Load and size: no all-ones marker, no length check on a set -------------
-
-// A set converts whatever len says and returns it, dumping len bytes but never past the record.  The load block's
-// local-only word is cleared by a set and never sent.
+// Load and size have no all-ones marker and a set checks no length: it converts whatever len says and returns it,
+// dumping len bytes but never past the record.  The load block's local-only word is cleared by a set, never sent.
 TEST(SubiaoExt, LoadAndSize) {
     const struct {
         int (*set)(unsigned char*, unsigned char, unsigned char*);
@@ -50,14 +44,14 @@ TEST(SubiaoExt, LoadAndSize) {
     };
     const struct {
         int block, len, dumped;
-    } sets[] = {{0, 18, 18}, {0, 0, 0}, {0, 5, 5}, {0, 21, 20}, {0, 255, 20}, {1, 4, 4}, {1, 2, 2}, {1, 5, 4}};
+    } sets[] = {{0, 18, 18}, {0, 0, 0}, {0, 5, 5}, {0, 21, 20}, {0, 255, 20}, {1, 4, 4}, {1, 5, 4}};
     for (const auto& c : sets) {
         const auto& b = blocks[c.block];
         Bytes wire = hex(b.wire), local = hex(b.local), rec(local.size(), 0xa5);
         wire.resize(255, 0x77);
         const std::string title = " After Set:" + std::to_string(c.len) + "/" + std::to_string(local.size()) + " ..\n";
         EXPECT_EQ(run([&] { return b.set(wire.data(), static_cast<unsigned char>(c.len), rec.data()); }, rec),
-                  outcome(inf("CMN_B2LStruct", b.name + title) + dump(local, c.dumped), c.len, local));
+                  outcome(inf("CMN_B2LStruct", b.name + title) + dump_text(local.data(), c.dumped), c.len, local));
     }
     const struct {
         int block, buflen, null_wire, ret;
@@ -67,32 +61,24 @@ TEST(SubiaoExt, LoadAndSize) {
         const auto& b = blocks[c.block];
         const Bytes wire = hex(b.wire);
         const int n = static_cast<int>(wire.size());
-        Bytes rec = hex(b.local), buf(22, 0xee);
+        Bytes rec = hex(b.local), buf(22, 0xee), want = c.ret ? wire : Bytes{};
         std::fill(rec.begin() + n, rec.end(), 0x33);
-        const std::string sent = (*b.before ? inf("CMN_LStruct2B", b.before) + dump(rec, n) : "") +
-                                 inf("CMN_LStruct2B", b.after) + dump(wire);
-        const char* refusal = c.buflen < n ? "(BufLen >= SuBiaoLen)" : "(pinDst != NULL)";
-        Bytes want = c.ret ? wire : Bytes{};
         want.resize(buf.size(), 0xee);
+        const std::string sent = (*b.before ? inf("CMN_LStruct2B", b.before) + dump_text(rec.data(), n) : "") +
+                                 inf("CMN_LStruct2B", b.after) + dump_text(wire.data(), n);
+        const char* refusal = c.buflen < n ? "(BufLen >= SuBiaoLen)" : "(pinDst != NULL)";
         EXPECT_EQ(run([&] { return b.get(rec.data(), c.null_wire ? nullptr : buf.data(), c.buflen); }, buf),
                   outcome(c.ret ? sent : assert_line("CMN_LStruct2B", refusal), c.ret, want));
     }
 }
 
-// --- Initialisers --------------------------------------------------------------
-
-template <typename T, int (*F)(T*)>
-int init_as(unsigned char* p) {
-    return F(reinterpret_cast<T*>(p));
-}
-
 // clang-format off
-#define INIT(fn, m) \
-    #fn, init_as<decltype(tagBB_CONF_ST::m), fn>, offsetof(tagBB_CONF_ST, m), sizeof(tagBB_CONF_ST::m)
+#define INIT(fn, m) #fn, [](unsigned char* p) { return fn(reinterpret_cast<decltype(tagBB_CONF_ST::m)*>(p)); }, \
+    offsetof(tagBB_CONF_ST, m), sizeof(tagBB_CONF_ST::m)
 // clang-format on
 
 // On a block of a5 each writes the reset record's bytes but a kept range; the intense-driving block, left zero by the
-// reset, is given whole.  Each reports on every call and returns printf's count; a null block asserts.
+// reset, is given whole.  Each reports and returns printf's count; a null block asserts.
 TEST(SubiaoExt, Initialisers) {
     bbtest::Conf reset;
     output_of([&] { CMN_InitBbConfToDefault(&reset.rec); });
@@ -119,15 +105,13 @@ TEST(SubiaoExt, Initialisers) {
         std::fill(want.begin() + c.keep_from, want.begin() + c.keep_to, 0xa5);  // the ADAS SiChuan bytes
         want.push_back(0xa5);
         Bytes rec(want.size(), 0xa5);
-        for (int call = 0; call < 2; call++) {
-            std::fflush(stdout);
-            testing::internal::CaptureStdout();
-            const int r = c.init(rec.data());
-            std::fflush(stdout);
-            const std::string out = testing::internal::GetCapturedStdout();  // r counts the unmasked line
-            EXPECT_EQ(outcome(bbtest::mask_lines(out), r, rec),
-                      outcome(std::string("War [") + c.fn + "():N] " + c.message, static_cast<int>(out.size()), want));
-        }
+        std::fflush(stdout);
+        testing::internal::CaptureStdout();
+        const int r = c.init(rec.data());
+        std::fflush(stdout);
+        const std::string out = testing::internal::GetCapturedStdout();  // r counts the unmasked line
+        EXPECT_EQ(outcome(bbtest::mask_lines(out), r, rec),
+                  outcome(std::string("War [") + c.fn + "():N] " + c.message, static_cast<int>(out.size()), want));
         EXPECT_EQ(run([&] { return c.init(nullptr); }, {}), outcome(assert_line(c.fn, c.null_text), -1, {}));
     }
 }
