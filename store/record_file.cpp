@@ -40,7 +40,7 @@ StoreResult from_errno(int err, bool writing) {
     StoreStatus status = StoreStatus::io;
     if (err == EACCES || err == EPERM) {
         status = StoreStatus::permission;
-    } else if (!writing && (err == ENOENT || err == ENOTDIR)) {
+    } else if (err == ENOENT || err == ENOTDIR) {
         status = StoreStatus::missing;
     }
     return fault(status, err, writing);
