@@ -19,7 +19,9 @@
  * of the application's user leaves it theirs); a new file gets 0666 less
  * the umask.  A file the caller may not write is refused: for root that
  * means a file without any write bit (0444), which root could otherwise
- * replace at will.
+ * replace at will.  A writer that cannot give the new file the old owner
+ * (a user editing a group-writable file of another user) is refused too,
+ * rather than taking the file over.
  *
  * Every write (save and update) holds an exclusive flock() on the record's
  * directory from before the read to after the rename.  The directory and
