@@ -103,13 +103,13 @@ enum class StoreStatus : unsigned char {
  * (they differ when a mismatch was let through with kStoreAcceptBadCrc). */
 struct StoreResult {
     StoreStatus status = StoreStatus::ok;
-    bool writing = false;       // the fault happened while writing, not reading
-    bool written = false;       // the file was replaced
-    bool existed = false;       // update: there was a file before
+    bool writing = false;  // the fault happened while writing, not reading
+    bool written = false;  // the file was replaced
+    bool existed = false;  // update: there was a file before
     int sys_errno = 0;
-    const char* note = nullptr; // a fixed reason where no errno tells it
-    uint64_t file_size = 0;     // bad_size / wrong_kind: the size found
-    uint32_t file_mode = 0;     // permission: the mode of the refused file
+    const char* note = nullptr;              // a fixed reason where no errno tells it
+    uint64_t file_size = 0;                  // bad_size / wrong_kind: the size found
+    uint32_t file_mode = 0;                  // permission: the mode of the refused file
     RecordKind kind = RecordKind::terminal;  // wrong_kind: the kind asked for
     uint16_t stored_crc = 0;
     uint16_t computed_crc = 0;
@@ -124,9 +124,6 @@ constexpr unsigned kStoreCreate = 1u << 1;        // update: a missing file is c
 constexpr unsigned kStoreReplace = 1u << 2;       // update: the old contents are not read (implies kStoreCreate)
 constexpr unsigned kStoreTerminalOnly = 1u << 3;  // anything but a terminal record file is wrong_kind
 constexpr unsigned kStoreTaxiOnly = 1u << 4;      // anything but a taxi record file is wrong_kind
-
-/* Short name of a status: "ok", "missing", "not a regular file", ... */
-BBCONF_STORE_API const char* store_status_name(StoreStatus status);
 
 /* One line naming the file and the fault, without a line feed, such as
  * "cannot read conf.bbc: No such file or directory" or "conf.bbc: checksum

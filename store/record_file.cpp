@@ -67,9 +67,9 @@ bool resolve(const char* path, WritePaths& p, StoreResult& res) {
         return false;
     }
     const char* slash = strrchr(p.target, '/');
-    const bool ok = slash == nullptr                ? copy_path(p.dir, ".", 1)
-                    : slash == p.target             ? copy_path(p.dir, "/", 1)
-                                                    : copy_path(p.dir, p.target, static_cast<size_t>(slash - p.target));
+    const bool ok = slash == nullptr    ? copy_path(p.dir, ".", 1)
+                    : slash == p.target ? copy_path(p.dir, "/", 1)
+                                        : copy_path(p.dir, p.target, static_cast<size_t>(slash - p.target));
     const size_t n = strlen(p.target);
     if (!ok || n + sizeof kTempSuffix > PATH_MAX) {
         res = fault(StoreStatus::io, ENAMETOOLONG, true);
@@ -188,8 +188,7 @@ StoreResult commit(const WritePaths& p, int dir_fd, const AnyRecord& rec, const 
         struct stat mine;
         if (::fstat(fd, &mine) != 0) return abandon(p, fd, errno);
         // The owner first: chown clears the set-ID bits that fchmod then restores.
-        if ((mine.st_uid != old->st_uid || mine.st_gid != old->st_gid) &&
-            ::fchown(fd, old->st_uid, old->st_gid) != 0) {
+        if ((mine.st_uid != old->st_uid || mine.st_gid != old->st_gid) && ::fchown(fd, old->st_uid, old->st_gid) != 0) {
             StoreResult res = abandon(p, fd, errno);
             res.note = "cannot keep its owner";
             return res;
@@ -211,8 +210,7 @@ StoreResult commit(const WritePaths& p, int dir_fd, const AnyRecord& rec, const 
 }
 
 // The locked part of save and update.
-StoreResult locked_update(const WritePaths& p, int dir_fd, AnyRecord& rec, RecordEdit edit, void* ctx,
-                          unsigned flags) {
+StoreResult locked_update(const WritePaths& p, int dir_fd, AnyRecord& rec, RecordEdit edit, void* ctx, unsigned flags) {
     struct stat st;
     const bool exists = ::stat(p.target, &st) == 0;
     if (!exists && errno != ENOENT) return from_errno(errno, true);
@@ -291,23 +289,8 @@ StoreResult update_record(const char* path, AnyRecord& rec, RecordEdit edit, voi
 
 StoreResult save_record(const char* path, const AnyRecord& rec) {
     AnyRecord copy = rec;
-    return update_record(path, copy, [](AnyRecord&, const StoreResult&, void*) { return true; }, nullptr,
-                         kStoreReplace);
-}
-
-const char* store_status_name(StoreStatus status) {
-    switch (status) {
-        case StoreStatus::ok: return "ok";
-        case StoreStatus::missing: return "missing";
-        case StoreStatus::dangling_link: return "symbolic link to a missing file";
-        case StoreStatus::not_regular: return "not a regular file";
-        case StoreStatus::bad_size: return "not the size of a record file";
-        case StoreStatus::wrong_kind: return "record file of the other kind";
-        case StoreStatus::bad_crc: return "checksum mismatch";
-        case StoreStatus::permission: return "permission denied";
-        case StoreStatus::io: return "input/output error";
-    }
-    return "?";
+    return update_record(
+        path, copy, [](AnyRecord&, const StoreResult&, void*) { return true; }, nullptr, kStoreReplace);
 }
 
 int store_message(const StoreResult& res, const char* path, char* buf, size_t size) {
@@ -328,8 +311,7 @@ int store_message(const StoreResult& res, const char* path, char* buf, size_t si
                             path, found, terminal, taxi);
         case StoreStatus::wrong_kind:
             return snprintf(buf, size, "%s: %llu bytes is not a %s record file (%zu bytes)", path, found,
-                            res.kind == RecordKind::terminal ? "terminal" : "taxi",
-                            record_file_size(res.kind));
+                            res.kind == RecordKind::terminal ? "terminal" : "taxi", record_file_size(res.kind));
         case StoreStatus::bad_crc:
             return snprintf(buf, size,
                             "%s: checksum mismatch (stored 0x%04x, computed 0x%04x): the file is damaged or was "

@@ -44,10 +44,14 @@ TEST_F(Fault, ConcurrentUpdatersLoseNoUpdate) {
     make_record("f");
     for (size_t offset : {0u, 4u}) {
         AnyRecord zero{};
-        ASSERT_TRUE(bbconf::update_record(path("f").c_str(), zero, [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
-            set_u32_at(r, *static_cast<size_t*>(o), 0);
-            return true;
-        }, &offset).written);
+        ASSERT_TRUE(bbconf::update_record(
+                        path("f").c_str(), zero,
+                        [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
+                            set_u32_at(r, *static_cast<size_t*>(o), 0);
+                            return true;
+                        },
+                        &offset)
+                        .written);
     }
     pid_t writers[2];
     for (size_t w = 0; w < 2; w++) {
@@ -57,11 +61,14 @@ TEST_F(Fault, ConcurrentUpdatersLoseNoUpdate) {
         int failed = 0;
         for (uint32_t i = 0; i < kRounds; i++) {
             AnyRecord rec{};
-            const auto res = bbconf::update_record(path("f").c_str(), rec, [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
-                const size_t at = *static_cast<size_t*>(o);
-                set_u32_at(r, at, u32_at(r, at) + 1);
-                return true;
-            }, &offset);
+            const auto res = bbconf::update_record(
+                path("f").c_str(), rec,
+                [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
+                    const size_t at = *static_cast<size_t*>(o);
+                    set_u32_at(r, at, u32_at(r, at) + 1);
+                    return true;
+                },
+                &offset);
             failed += !res.written;
         }
         ::_exit(failed == 0 ? 0 : 1);
@@ -143,9 +150,10 @@ TEST_F(Fault, KilledWritersLeaveAWholeFileAndNoStrayFiles) {
     }
     ASSERT_EQ(finish(spawn({kTool, "set", path("f"), "heartbeat_interval=7"})), 0);
     const size_t after = names().size() - 1;
-    std::printf("[  counts  ] writes %d, kills %d, completed %d, damaged %d, FILE.tmp left by a kill %d, "
-                "stray files %d, stray files after the next write %zu\n",
-                writes, kills, completed, damaged, leftovers, strays, after);
+    std::printf(
+        "[  counts  ] writes %d, kills %d, completed %d, damaged %d, FILE.tmp left by a kill %d, "
+        "stray files %d, stray files after the next write %zu\n",
+        writes, kills, completed, damaged, leftovers, strays, after);
     EXPECT_GE(kills, kKills);
     EXPECT_EQ(damaged, 0);
     EXPECT_EQ(strays, 0);

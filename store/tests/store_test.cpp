@@ -27,10 +27,11 @@ TEST_F(Store, LoadNamesEachFault) {
     ASSERT_EQ(::mkfifo(path("fifo").c_str(), 0644), 0);
     ASSERT_EQ(::mkdir(path("dir").c_str(), 0755), 0);
     char crc_line[128];
-    std::snprintf(crc_line, sizeof crc_line,
-                  "D/crc: checksum mismatch (stored 0x%02x%02x, computed 0x%02x%02x): the file is damaged or was edited",
-                  static_cast<unsigned char>(bad_crc[kTerminal + 1]), static_cast<unsigned char>(bad_crc[kTerminal]),
-                  static_cast<unsigned char>(terminal[kTerminal + 1]), static_cast<unsigned char>(terminal[kTerminal]));
+    std::snprintf(
+        crc_line, sizeof crc_line,
+        "D/crc: checksum mismatch (stored 0x%02x%02x, computed 0x%02x%02x): the file is damaged or was edited",
+        static_cast<unsigned char>(bad_crc[kTerminal + 1]), static_cast<unsigned char>(bad_crc[kTerminal]),
+        static_cast<unsigned char>(terminal[kTerminal + 1]), static_cast<unsigned char>(terminal[kTerminal]));
     const std::string sizes = " is not a record file (a terminal record file has 3388 bytes, a taxi record file 1039)";
     const struct {
         const char* name;
@@ -76,8 +77,8 @@ TEST_F(Store, LoadNamesEachFault) {
 }
 
 TEST_F(Store, LoadTakesTheKindFromTheSize) {
-    for (const auto& [size, kind] : {std::pair{kTerminal, bbconf::RecordKind::terminal},
-                                     std::pair{kTaxi, bbconf::RecordKind::taxi}}) {
+    for (const auto& [size, kind] :
+         {std::pair{kTerminal, bbconf::RecordKind::terminal}, std::pair{kTaxi, bbconf::RecordKind::taxi}}) {
         const std::string bytes = pattern(size, 3);
         spit(path("f"), sealed(bytes));
         AnyRecord rec{};
@@ -150,8 +151,8 @@ TEST_F(Store, UpdateWritesOnlyWhatTheEditAsksFor) {
     EXPECT_EQ(bbconf::update_record(path("t").c_str(), conf, [](tagBB_CONF_ST&) { return true; }).status,
               StoreStatus::missing);
     std::memset(&conf, 0x11, sizeof conf);
-    ASSERT_TRUE(bbconf::update_record(path("t").c_str(), conf, [](tagBB_CONF_ST&) { return true; },
-                                      bbconf::kStoreCreate)
+    ASSERT_TRUE(bbconf::update_record(
+                    path("t").c_str(), conf, [](tagBB_CONF_ST&) { return true; }, bbconf::kStoreCreate)
                     .written);
     EXPECT_EQ(slurp(path("t")), sealed(std::string(kTerminal, '\x11')));
 

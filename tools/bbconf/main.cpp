@@ -89,9 +89,10 @@ constexpr int kWrittenUnanswered = 3;
 int update_for(const std::string& command, const std::string& path, bool force, const RecordEdit& edit,
                const std::vector<std::string>& answers, bool create = false, bool replace = false) {
     Record rec;
-    const UpdateResult res = update_record(path, force, create, replace, rec, [&](Record& r, const UpdateResult& found) {
-        return report_load(command, path, found.loaded) && edit(r, found);
-    });
+    const UpdateResult res =
+        update_record(path, force, create, replace, rec, [&](Record& r, const UpdateResult& found) {
+            return report_load(command, path, found.loaded) && edit(r, found);
+        });
     if (!res.written) {
         if (!res.loaded.ok) {
             report_load(command, path, res.loaded);
@@ -281,9 +282,12 @@ std::vector<Pending> apply_body(Record& rec, const std::vector<BodyParam>& param
 
 int cmd_set(const std::string& path, const std::vector<std::string>& assignments, bool force) {
     std::vector<std::string> answers;
-    return update_for("set", path, force, [&](Record& rec, const UpdateResult&) {
-        return batch_stored("set", path, set_values(rec, assignments), answers);
-    }, answers);
+    return update_for(
+        "set", path, force,
+        [&](Record& rec, const UpdateResult&) {
+            return batch_stored("set", path, set_values(rec, assignments), answers);
+        },
+        answers);
 }
 
 std::vector<Pending> set_values(Record& rec, const std::vector<std::string>& assignments) {
@@ -352,17 +356,21 @@ int cmd_apply(const std::string& path, const std::string& source, bool force) {
     }
     std::vector<uint8_t> body;
     std::vector<BodyParam> params;
-    const bool parsed = read_ok && parse_hex(text, body, err) && parse_param_body(body.data(), body.size(), params, err);
+    const bool parsed =
+        read_ok && parse_hex(text, body, err) && parse_param_body(body.data(), body.size(), params, err);
     std::vector<std::string> answers;
     bool nothing_to_do = false;  // a body of no parameters: the record read, nothing written
-    const int rc = update_for("apply", path, force, [&](Record& rec, const UpdateResult&) {
-        if (!parsed) {
-            error_line("apply", read_ok ? err + "; " + path + " left unchanged" : err);
-            return false;
-        }
-        nothing_to_do = params.empty();
-        return batch_stored("apply", path, apply_body(rec, params), answers);
-    }, answers);
+    const int rc = update_for(
+        "apply", path, force,
+        [&](Record& rec, const UpdateResult&) {
+            if (!parsed) {
+                error_line("apply", read_ok ? err + "; " + path + " left unchanged" : err);
+                return false;
+            }
+            nothing_to_do = params.empty();
+            return batch_stored("apply", path, apply_body(rec, params), answers);
+        },
+        answers);
     return nothing_to_do ? 0 : rc;
 }
 
@@ -515,9 +523,10 @@ int main(int argc, char** argv) {
     init->add_flag("--taxi", taxi, "A taxi record instead of a terminal record");
     init->add_flag("--force", force, "Replace an existing file");
     init->add_option("FILE", file, "Record file to create")->required();
-    init->footer("A FILE that is a symbolic link to a missing file is refused: create the target first\n"
-                 "(or remove the link).  A link to an existing file replaces the target (with --force).\n\n"
-                 "Examples:\n  bbconf init terminal.bbc\n  bbconf init --taxi taxi.bbc");
+    init->footer(
+        "A FILE that is a symbolic link to a missing file is refused: create the target first\n"
+        "(or remove the link).  A link to an existing file replaces the target (with --force).\n\n"
+        "Examples:\n  bbconf init terminal.bbc\n  bbconf init --taxi taxi.bbc");
 
     auto* show = app.add_subcommand("show", "Print every parameter of a record file");
     show->add_option("FILE", file, "Record file")->required();

@@ -63,10 +63,10 @@ LoadResult load_record(const std::string& path, bool force, Record& rec);
 
 // Result of a locked read-modify-write.
 struct UpdateResult {
-    LoadResult loaded;          // what the read found (ok false: the edit never ran)
-    bool existed = false;       // there was a file before
-    bool written = false;       // the file was replaced
-    std::string error;          // a read or write fault, one line
+    LoadResult loaded;     // what the read found (ok false: the edit never ran)
+    bool existed = false;  // there was a file before
+    bool written = false;  // the file was replaced
+    std::string error;     // a read or write fault, one line
 };
 
 // Called with the record read (or, for a missing file with `create`, as
