@@ -10,6 +10,7 @@
 
 #include <CLI/CLI.hpp>
 #include <cerrno>
+#include <csignal>
 #include <cstdio>
 #include <cstring>
 #include <nlohmann/json.hpp>
@@ -57,9 +58,9 @@ void answer(const std::string& line) {
     std::fputc('\n', g_out);
 }
 
-// Loads a record for a command; reports and returns false on failure.
-bool load_for(const std::string& command, const std::string& path, bool force, Record& rec) {
-    LoadResult res = load_record(path, force, rec);
+// Reports a failed read, or warns of a checksum mismatch read anyway;
+// returns whether the record was read.
+bool report_load(const std::string& command, const std::string& path, const LoadResult& res) {
     if (!res.ok) {
         error_line(command, res.error + (res.crc_mismatch ? "; --force reads it anyway" : ""));
         return false;
@@ -71,6 +72,42 @@ bool load_for(const std::string& command, const std::string& path, bool force, R
         error_line(command, "warning: " + path + ": " + buf);
     }
     return true;
+}
+
+// Loads a record for a command; reports and returns false on failure.
+bool load_for(const std::string& command, const std::string& path, bool force, Record& rec) {
+    return report_load(command, path, load_record(path, force, rec));
+}
+
+// Exit status of a command that wrote the file but could not print its
+// answers: neither "done" nor "unchanged".
+constexpr int kWrittenUnanswered = 3;
+
+// Runs a command's change to FILE as one locked update; the edit reports
+// its own refusals.  Prints the answers after a write and returns the exit
+// status: 0 written, 1 unchanged, 3 written but the answers not printed.
+int update_for(const std::string& command, const std::string& path, bool force, const RecordEdit& edit,
+               const std::vector<std::string>& answers, bool create = false, bool replace = false) {
+    Record rec;
+    const UpdateResult res =
+        update_record(path, force, create, replace, rec, [&](Record& r, const UpdateResult& found) {
+            return report_load(command, path, found.loaded) && edit(r, found);
+        });
+    if (!res.written) {
+        if (!res.loaded.ok) {
+            report_load(command, path, res.loaded);
+        } else if (!res.error.empty()) {
+            error_line(command, res.error);
+        }
+        return 1;
+    }
+    if (!res.error.empty()) error_line(command, "warning: " + res.error);
+    for (const std::string& a : answers) answer(a);
+    if (std::fflush(g_out) != 0 || std::ferror(g_out)) {
+        error_line(command, path + " was written, but the answers could not be printed: " + std::strerror(errno));
+        return kWrittenUnanswered;
+    }
+    return 0;
 }
 
 std::string param_head(const ParamDef& d) { return id_text(d.id) + " " + d.name; }
@@ -138,21 +175,23 @@ void print_json(const nlohmann::json& j) {
 
 // --- init -------------------------------------------------------------------
 
+// A symbolic link to a missing file is refused (the store does not turn
+// the link into a regular file, nor create a target somewhere else).
 int cmd_init(const std::string& path, bool taxi, bool force) {
-    if (!force && file_exists(path)) {
-        error_line("init", path + " exists; --force replaces it with factory defaults");
-        return 1;
-    }
-    Record rec(taxi ? RecordKind::Taxi : RecordKind::Terminal);
-    rec.reset_to_defaults();
-    std::string err;
-    if (!save_record(path, rec, err)) {
-        error_line("init", err);
-        return 1;
-    }
-    answer(path + ": factory defaults written (" + record_name(rec.kind()) + " record, " +
-           std::to_string(file_size_of(rec.kind())) + " bytes)");
-    return 0;
+    const RecordKind kind = taxi ? RecordKind::Taxi : RecordKind::Terminal;
+    auto edit = [&](Record& rec, const UpdateResult& found) {
+        if (found.existed && !force) {
+            error_line("init", path + " exists; --force replaces it with factory defaults");
+            return false;
+        }
+        rec.set_kind(kind);
+        rec.reset_to_defaults();
+        return true;
+    };
+    return update_for("init", path, false, edit,
+                      {path + ": factory defaults written (" + record_name(kind) + " record, " +
+                       std::to_string(file_size_of(kind)) + " bytes)"},
+                      true, true);
 }
 
 // --- show / get -------------------------------------------------------------
@@ -217,10 +256,10 @@ struct Pending {
     std::string error;   // empty when stored
 };
 
-// Replies for a batch of values: all stored and the file written, or
-// nothing written and every refusal named.
-int finish_batch(const std::string& command, const std::string& path, const Record& rec,
-                 const std::vector<Pending>& results) {
+// Names every refusal of a batch of values; true when all were stored, so
+// that the file may be written.
+bool batch_stored(const std::string& command, const std::string& path, const std::vector<Pending>& results,
+                  std::vector<std::string>& answers) {
     size_t refused = 0;
     for (const Pending& p : results) {
         if (!p.error.empty()) {
@@ -232,20 +271,26 @@ int finish_batch(const std::string& command, const std::string& path, const Reco
         error_line(command, path + " left unchanged: " + std::to_string(refused) + " of " +
                                 std::to_string(results.size()) + " value" + (results.size() > 1 ? "s" : "") +
                                 " refused");
-        return 1;
+        return false;
     }
-    std::string err;
-    if (!results.empty() && !save_record(path, rec, err)) {
-        error_line(command, err);
-        return 1;
-    }
-    for (const Pending& p : results) answer(p.head + ": stored");
-    return 0;
+    for (const Pending& p : results) answers.push_back(p.head + ": stored");
+    return !results.empty();
 }
 
+std::vector<Pending> set_values(Record& rec, const std::vector<std::string>& assignments);
+std::vector<Pending> apply_body(Record& rec, const std::vector<BodyParam>& params);
+
 int cmd_set(const std::string& path, const std::vector<std::string>& assignments, bool force) {
-    Record rec;
-    if (!load_for("set", path, force, rec)) return 1;
+    std::vector<std::string> answers;
+    return update_for(
+        "set", path, force,
+        [&](Record& rec, const UpdateResult&) {
+            return batch_stored("set", path, set_values(rec, assignments), answers);
+        },
+        answers);
+}
+
+std::vector<Pending> set_values(Record& rec, const std::vector<std::string>& assignments) {
     std::vector<Pending> results;
     for (const std::string& a : assignments) {
         Pending p;
@@ -269,7 +314,7 @@ int cmd_set(const std::string& path, const std::vector<std::string>& assignments
         if (p.error.empty()) p.error = store_param(rec, *d, wire);
         results.push_back(p);
     }
-    return finish_batch("set", path, rec, results);
+    return results;
 }
 
 bool read_stream(FILE* f, std::string& text, std::string& error) {
@@ -290,36 +335,46 @@ bool read_stream(FILE* f, std::string& text, std::string& error) {
     return true;
 }
 
+// The body is read and parsed before the record file is locked; its faults
+// are reported after the record's own, as the record is read first.
 int cmd_apply(const std::string& path, const std::string& source, bool force) {
-    Record rec;
-    if (!load_for("apply", path, force, rec)) return 1;
     std::string text, err;
+    bool read_ok = true;
     if (source.empty() || source == "-") {
-        if (!read_stream(stdin, text, err)) {
-            error_line("apply", err);
-            return 1;
-        }
+        read_ok = read_stream(stdin, text, err);
     } else if (file_exists(source)) {
         FILE* f = std::fopen(source.c_str(), "rb");
         if (f == nullptr) {
-            error_line("apply", "cannot read " + source + ": " + std::strerror(errno));
-            return 1;
-        }
-        const bool ok = read_stream(f, text, err);
-        std::fclose(f);
-        if (!ok) {
-            error_line("apply", err);
-            return 1;
+            err = "cannot read " + source + ": " + std::strerror(errno);
+            read_ok = false;
+        } else {
+            read_ok = read_stream(f, text, err);
+            std::fclose(f);
         }
     } else {
         text = source;
     }
     std::vector<uint8_t> body;
     std::vector<BodyParam> params;
-    if (!parse_hex(text, body, err) || !parse_param_body(body.data(), body.size(), params, err)) {
-        error_line("apply", err + "; " + path + " left unchanged");
-        return 1;
-    }
+    const bool parsed =
+        read_ok && parse_hex(text, body, err) && parse_param_body(body.data(), body.size(), params, err);
+    std::vector<std::string> answers;
+    bool nothing_to_do = false;  // a body of no parameters: the record read, nothing written
+    const int rc = update_for(
+        "apply", path, force,
+        [&](Record& rec, const UpdateResult&) {
+            if (!parsed) {
+                error_line("apply", read_ok ? err + "; " + path + " left unchanged" : err);
+                return false;
+            }
+            nothing_to_do = params.empty();
+            return batch_stored("apply", path, apply_body(rec, params), answers);
+        },
+        answers);
+    return nothing_to_do ? 0 : rc;
+}
+
+std::vector<Pending> apply_body(Record& rec, const std::vector<BodyParam>& params) {
     std::vector<Pending> results;
     for (const BodyParam& bp : params) {
         Pending p;
@@ -333,7 +388,7 @@ int cmd_apply(const std::string& path, const std::string& source, bool force) {
         }
         results.push_back(p);
     }
-    return finish_batch("apply", path, rec, results);
+    return results;
 }
 
 // --- query ------------------------------------------------------------------
@@ -449,7 +504,9 @@ int main(int argc, char** argv) {
     app.footer(
         "Parameters are named by ID (0x0013, or decimal 19) or by name (main_server_address);\n"
         "'bbconf list' shows the names.  Exit status: 0 done, 1 refused or failed (the file is then\n"
-        "unchanged), 2 usage error; diff: 0 same, 1 different, 2 trouble.\n\n"
+        "unchanged), 2 usage error, 3 the file was written but the answers could not be printed;\n"
+        "diff: 0 same, 1 different, 2 trouble.  A write holds a lock on the file's directory from\n"
+        "reading to renaming, so concurrent writers never lose an update.\n\n"
         "Examples:\n"
         "  bbconf init terminal.bbc\n"
         "  bbconf set terminal.bbc heartbeat_interval=30 main_server_apn=cmnet 0x0081=44\n"
@@ -466,7 +523,10 @@ int main(int argc, char** argv) {
     init->add_flag("--taxi", taxi, "A taxi record instead of a terminal record");
     init->add_flag("--force", force, "Replace an existing file");
     init->add_option("FILE", file, "Record file to create")->required();
-    init->footer("Examples:\n  bbconf init terminal.bbc\n  bbconf init --taxi taxi.bbc");
+    init->footer(
+        "A FILE that is a symbolic link to a missing file is refused: create the target first\n"
+        "(or remove the link).  A link to an existing file replaces the target (with --force).\n\n"
+        "Examples:\n  bbconf init terminal.bbc\n  bbconf init --taxi taxi.bbc");
 
     auto* show = app.add_subcommand("show", "Print every parameter of a record file");
     show->add_option("FILE", file, "Record file")->required();
@@ -540,6 +600,9 @@ int main(int argc, char** argv) {
         return rc == 0 ? 0 : 2;
     }
 
+    // Past a file-size limit a write fails with EFBIG and is reported,
+    // instead of the signal killing the tool halfway.
+    std::signal(SIGXFSZ, SIG_IGN);
     if (!divert_library_output(verbose)) {
         std::fprintf(stderr, "bbconf: cannot set up the output descriptors: %s\n", std::strerror(errno));
         return 1;
@@ -555,6 +618,9 @@ int main(int argc, char** argv) {
     else if (diff->parsed()) rc = cmd_diff(file, file_b, force);
     else if (list->parsed()) rc = cmd_list(taxi);
     std::fflush(stdout);
-    if (std::fflush(g_out) != 0 && rc == 0) rc = 1;
+    if (std::fflush(g_out) != 0 && rc == 0) {
+        error_line("", std::string("cannot print the answers: ") + std::strerror(errno));
+        rc = 1;
+    }
     return rc;
 }

@@ -1,52 +1,51 @@
-// record.h - a parameter record in memory and in its file: the record's
-// bytes followed by their CRC-CCITT (initial value 0xABCD) as a
-// little-endian u16.  The file size tells the record kind.
+// record.h - a parameter record in memory and in its file, on the record
+// store: the record's bytes followed by their CRC-CCITT (initial value
+// 0xABCD) as a little-endian u16.  The file size tells the record kind.
 #ifndef BBCONF_TOOL_RECORD_H
 #define BBCONF_TOOL_RECORD_H
 
 #include <cstddef>
 #include <cstdint>
+#include <functional>
 #include <string>
-#include <vector>
 
 #include "bbconf.h"
+#include "bbconf_store.h"
 #include "params.h"
 
 namespace bbtool {
 
-constexpr uint16_t kCrcInit = 0xABCD;
-constexpr size_t kCrcSize = 2;
-
-inline size_t file_size_of(RecordKind kind) { return record_size(kind) + kCrcSize; }
+inline size_t file_size_of(RecordKind kind) { return record_size(kind) + bbconf::kRecordCrcSize; }
 
 class Record {
   public:
-    explicit Record(RecordKind kind = RecordKind::Terminal) : kind_(kind) {}
+    explicit Record(RecordKind kind = RecordKind::Terminal) { set_kind(kind); }
 
-    RecordKind kind() const { return kind_; }
-    size_t size() const { return record_size(kind_); }
-    unsigned char* bytes() { return reinterpret_cast<unsigned char*>(&mem_.u.terminal); }
-    const unsigned char* bytes() const { return reinterpret_cast<const unsigned char*>(&mem_.u.terminal); }
-    tagBB_CONF_ST* terminal() { return &mem_.u.terminal; }
-    const tagBB_CONF_ST* terminal() const { return &mem_.u.terminal; }
-    tagBBTAXI_CONF_ST* taxi() { return &mem_.u.taxi; }
+    RecordKind kind() const {
+        return mem_.rec.kind == bbconf::RecordKind::terminal ? RecordKind::Terminal : RecordKind::Taxi;
+    }
+    void set_kind(RecordKind kind) {
+        mem_.rec.kind = kind == RecordKind::Terminal ? bbconf::RecordKind::terminal : bbconf::RecordKind::taxi;
+    }
+    size_t size() const { return mem_.rec.size(); }
+    unsigned char* bytes() { return mem_.rec.bytes(); }
+    const unsigned char* bytes() const { return mem_.rec.bytes(); }
+    tagBB_CONF_ST* terminal() { return &mem_.rec.terminal; }
+    const tagBB_CONF_ST* terminal() const { return &mem_.rec.terminal; }
+    tagBBTAXI_CONF_ST* taxi() { return &mem_.rec.taxi; }
+    bbconf::AnyRecord& stored() { return mem_.rec; }
 
-    // The record's CRC as the file stores it.
-    uint16_t crc() const;
     // Factory defaults of the record's kind.
     void reset_to_defaults();
 
   private:
-    RecordKind kind_;
     // The record is followed by zero bytes, so that a text field that lost
     // its terminator cannot lead a reader beyond the object.
     struct Storage {
-        union {
-            tagBB_CONF_ST terminal;
-            tagBBTAXI_CONF_ST taxi;
-        } u;
+        bbconf::AnyRecord rec;
         unsigned char guard[64];
     } mem_{};
+    static_assert(sizeof(Storage) == 1 + sizeof(tagBB_CONF_ST) + 64, "the guard follows the record directly");
 };
 
 // Result of reading a record file.
@@ -62,10 +61,23 @@ struct LoadResult {
 // mismatch fails unless `force`.
 LoadResult load_record(const std::string& path, bool force, Record& rec);
 
-// Writes the record and its CRC to a temporary file in FILE's directory,
-// syncs it and renames it over FILE.  An existing file keeps its mode.
-// Returns false with a reason; FILE is then untouched.
-bool save_record(const std::string& path, const Record& rec, std::string& error);
+// Result of a locked read-modify-write.
+struct UpdateResult {
+    LoadResult loaded;     // what the read found (ok false: the edit never ran)
+    bool existed = false;  // there was a file before
+    bool written = false;  // the file was replaced
+    std::string error;     // a read or write fault, one line
+};
+
+// Called with the record read (or, for a missing file with `create`, as
+// passed in); returns true to write it.
+using RecordEdit = std::function<bool(Record& rec, const UpdateResult& found)>;
+
+// Locks FILE's directory, reads FILE, runs the edit and writes the record
+// if it asks, all under the lock.  `create` lets the edit run on a missing
+// file, `replace` does not read the old file at all.
+UpdateResult update_record(const std::string& path, bool force, bool create, bool replace, Record& rec,
+                           const RecordEdit& edit);
 
 bool file_exists(const std::string& path);
 
