@@ -20,12 +20,12 @@ size_t copy_bounded(char* dst, const char* src, size_t size) {
     return n;
 }
 
-}  // namespace bbconf
-
-unsigned int strlcpy(char* dst, const char* src, unsigned int size) {
-    bbconf::copy_bounded(dst, src, size);
+BBCONF_API unsigned int exported_strlcpy(char* dst, const char* src, unsigned int size) {
+    copy_bounded(dst, src, size);
     return static_cast<unsigned int>(strlen(src));
 }
+
+}  // namespace bbconf
 
 char* String_copy(const char* src, int srcLen, char* dst, int dstSize) {
     int n = (dstSize > srcLen) ? srcLen : dstSize - 1;

@@ -12,6 +12,13 @@ namespace bbconf {
  * wire bytes that carry no terminator. */
 size_t copy_bounded(char* dst, const char* src, size_t size);
 
+/* The exported strlcpy(char*, const char*, unsigned int) under a name of its
+ * own: the assembler label is that function's C++ symbol.  The library
+ * defines it here, so that the definition never meets the C library's
+ * strlcpy (glibc 2.38 and later declare one with C linkage, which on 32-bit
+ * targets has the same parameter types). */
+unsigned int exported_strlcpy(char* dst, const char* src, unsigned int size) __asm__("_Z7strlcpyPcPKcj");
+
 }  // namespace bbconf
 
 #endif

@@ -26,6 +26,25 @@
 #endif
 
 #include <stddef.h>
+#include <string.h>
+
+/* glibc 2.38 and later declare strlcpy in <string.h> themselves, with C
+ * linkage and a size_t size.  Beside that declaration the library's
+ * strlcpy below would make every call with an int size ambiguous on 64-bit
+ * targets and clash outright on 32-bit ones, where size_t is unsigned int.
+ * Where the C library has its own, this header leaves the name strlcpy to
+ * it (same copy, same result for every call the library's allows); the
+ * library still exports its own under the same C++ symbol.  Define
+ * BBCONF_LIBC_HAS_STRLCPY to 1 or 0 to override the detection, e.g. for
+ * other C libraries that declare strlcpy. */
+#ifndef BBCONF_LIBC_HAS_STRLCPY
+#if defined(__GLIBC__) && (__GLIBC__ > 2 || (__GLIBC__ == 2 && __GLIBC_MINOR__ >= 38)) && \
+    (defined(__USE_MISC) || defined(__USE_XOPEN2K8))
+#define BBCONF_LIBC_HAS_STRLCPY 1
+#else
+#define BBCONF_LIBC_HAS_STRLCPY 0
+#endif
+#endif
 
 #if defined(BBCONF_BUILDING)
 #define BBCONF_API __attribute__((visibility("default")))
@@ -1236,8 +1255,11 @@ BBCONF_API int BBTAXI_GetStrParam(tagBBTAXI_CONF_ST* pTAXIConf, int id, unsigned
  * stop at a NUL), terminates dst[n] and returns dst.  dstSize must be >= 1. */
 BBCONF_API char* String_copy(const char* src, int srcLen, char* dst, int dstSize);
 /* Copies at most size - 1 characters of src and terminates dst (nothing
- * written for size 0); returns strlen(src). */
+ * written for size 0); returns strlen(src).  Declared only where the C
+ * library has no strlcpy of its own (see BBCONF_LIBC_HAS_STRLCPY). */
+#if !BBCONF_LIBC_HAS_STRLCPY
 BBCONF_API unsigned int strlcpy(char* dst, const char* src, unsigned int size);
+#endif
 
 /* --- Device identity ----------------------------------------------------- */
 

@@ -497,6 +497,7 @@ int main(int argc, char** argv) {
                  "A record file holds a terminal record (3388 bytes) or a taxi record (1039 bytes): the record\n"
                  "followed by its CRC-CCITT (initial value 0xABCD) as a little-endian u16.",
                  "bbconf"};
+    app.set_version_flag("--version", "bbconf " BBCONF_VERSION, "Print the version and exit");
     app.require_subcommand(1);
     app.fallthrough();
     bool verbose = false;

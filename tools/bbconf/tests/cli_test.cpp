@@ -313,4 +313,10 @@ TEST_F(Tool, HelpAndUsage) {
     for (const char* usage : {"frobnicate", "get", ""}) EXPECT_EQ(run(usage).status, 2) << usage;
 }
 
+TEST_F(Tool, VersionIsTheProjectVersion) {
+    const Outcome v = run("--version");
+    EXPECT_EQ(v.status, 0);
+    EXPECT_EQ(v.out, "bbconf " BBCONF_PROJECT_VERSION "\n");
+}
+
 }  // namespace
