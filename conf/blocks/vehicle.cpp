@@ -70,13 +70,9 @@ constexpr Defaults kRs485Defaults = defaults_of(kRs485Values);
 
 /* Both DPX codecs convert before they look at a length and leave the bytes
  * of the wire form they do not carry alone. */
-constexpr Direction dpx_set(int len, Check check) {
-    return Direction{len, check, "DataLen == Cnt", {kQuietWire, kQuietRecord}, Image::Direct, kSilent, kSilent,
-                     kSilent, Num::Len};
-}
-constexpr Direction dpx_get(int len) {
-    return Direction{len, Check::After, "BufLen >= Cnt", {kQuietWire, kQuietRecord}, Image::Direct, kSilent, kSilent,
-                     kSilent, Num::Len};
+constexpr Direction dpx(int len, Check check, const char* check_text) {
+    return Direction{len, check, check_text, {kQuietWire, kQuietRecord}, Image::Direct, kSilent, kSilent, kSilent,
+                     Num::Len};
 }
 
 /* The ADAS form is 16 bytes long, of which the first ten carry settings. */
@@ -84,7 +80,7 @@ constexpr WireField kDpxAdasRows[] = {
     {0, 0, 4, 1, kAlways}, /* enable mask */
     {4, 4, 1, 6, kAlways}, /* settings */
 };
-constexpr BlockCodec kDpxAdas{{rows_of(kDpxAdasRows)}, sizeof(DpxAdas), dpx_set(16, Check::After), dpx_get(16)};
+constexpr BlockCodec kDpxAdas{{rows_of(kDpxAdasRows)}, sizeof(DpxAdas), dpx(16, Check::After, "DataLen == Cnt"), dpx(16, Check::After, "BufLen >= Cnt")};
 static_assert(codec_wire_extent(kDpxAdas) == sizeof(DpxAdas) && codec_fits(kDpxAdas), "ten bytes move");
 
 constexpr FieldDefault kDpxAdasValues[] = {
@@ -99,7 +95,7 @@ constexpr WireField kDpxDsmRows[] = {
     {0, 0, 4, 1, kAlways},  /* enable mask */
     {4, 4, 1, 21, kAlways}, /* settings */
 };
-constexpr BlockCodec kDpxDsm{{rows_of(kDpxDsmRows)}, sizeof(DpxDsm), dpx_set(31, Check::None), dpx_get(32)};
+constexpr BlockCodec kDpxDsm{{rows_of(kDpxDsmRows)}, sizeof(DpxDsm), dpx(31, Check::None, nullptr), dpx(32, Check::After, "BufLen >= Cnt")};
 static_assert(codec_wire_extent(kDpxDsm) == sizeof(DpxDsm) && codec_fits(kDpxDsm), "25 bytes move");
 
 /* The last setting is not written. */

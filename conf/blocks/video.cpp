@@ -15,9 +15,10 @@
 namespace bbconf {
 namespace {
 
-/* Encoding parameters: live stream, storage stream, OSD and audio, every
- * field at the same offset on the wire and in the record. */
-constexpr WireField kAvEncFields[] = {
+/* The live and storage streams and the OSD mask, as both blocks carry them:
+ * from offset 0 of the encoding parameters and from offset 1 of a channel
+ * entry (behind its logical channel number). */
+constexpr WireField kStreamRows[] = {
     {0, 0, 1, 2, kAlways},   /* live encoding mode, resolution */
     {2, 2, 2, 1, kAlways},   /* live key-frame interval */
     {4, 4, 1, 1, kAlways},   /* live frame rate */
@@ -27,14 +28,18 @@ constexpr WireField kAvEncFields[] = {
     {13, 13, 1, 1, kAlways}, /* storage frame rate */
     {14, 14, 4, 1, kAlways}, /* storage bit rate */
     {18, 18, 2, 1, kAlways}, /* OSD overlay mask */
+};
+constexpr WireTable kStreams = rows_of(kStreamRows);
+
+constexpr WireField kAudioRows[] = {
     {20, 20, 1, 1, kAlways}, /* audio output */
 };
 
-/* Both directions check their pointers aloud, convert, and only then judge
- * the length. */
+/* Encoding parameters: both directions check their pointers aloud, convert,
+ * and only then judge the length. */
 constexpr int kAvEncLen = sizeof(tagAV_ENC_PARAM_ST);
 constexpr BlockCodec kAvEnc{
-    {rows_of(kAvEncFields)},
+    {kStreams, rows_of(kAudioRows)},
     kAvEncLen,
     Direction{kAvEncLen, Check::After, "DataLen == Cnt", {{Ptr::Wire, "NULL != wire"}, {Ptr::Record, "NULL != local"}},
               Image::Direct, kSilent, kSilent, kSilent, Num::Len},
@@ -42,22 +47,21 @@ constexpr BlockCodec kAvEnc{
               Image::Direct, kSilent, kSilent, kSilent, Num::Len}};
 static_assert(codec_covers(kAvEnc), "the encoding form covers the whole record");
 
-/* One channel entry, offsets relative to the entry. */
-constexpr WireField kAvChFields[] = {
-    {0, 0, 1, 3, kAlways},   /* logical channel, live encoding mode, resolution */
-    {3, 3, 2, 1, kAlways},   /* live key-frame interval */
-    {5, 5, 1, 1, kAlways},   /* live frame rate */
-    {6, 6, 4, 1, kAlways},   /* live bit rate */
-    {10, 10, 1, 2, kAlways}, /* storage encoding mode, resolution */
-    {12, 12, 2, 1, kAlways}, /* storage key-frame interval */
-    {14, 14, 1, 1, kAlways}, /* storage frame rate */
-    {15, 15, 4, 1, kAlways}, /* storage bit rate */
-    {19, 19, 2, 1, kAlways}, /* OSD overlay mask */
-};
-constexpr WireTable kAvCh = rows_of(kAvChFields);
+/* One channel entry: the logical channel number, then the streams. */
+constexpr unsigned kAvChStreams = offsetof(tagAV_CH_ENC_PARAM_ST, ucRtEncMode);
 constexpr unsigned kAvChLen = sizeof(tagAV_CH_ENC_PARAM_ST);
-static_assert(wire_extent(kAvCh) == kAvChLen && local_extent(kAvCh) == kAvChLen,
-              "the channel form covers the whole entry");
+static_assert(kAvChStreams == 1 && kAvChStreams + wire_extent(kStreams) == kAvChLen,
+              "a channel entry is its number and the streams");
+
+void entry_in(const unsigned char* wire, tagAV_CH_ENC_PARAM_ST* entry) {
+    entry->ucLogicCh = wire[0];
+    wire_to_local(kStreams, wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
+}
+
+void entry_out(const tagAV_CH_ENC_PARAM_ST* entry, unsigned char* wire) {
+    wire[0] = entry->ucLogicCh;
+    local_to_wire(kStreams, reinterpret_cast<const unsigned char*>(entry) + kAvChStreams, wire + kAvChStreams);
+}
 
 /* The count byte heads both forms; entry k follows at 1 + 21k. */
 constexpr unsigned kAvChHead = offsetof(tagAV_INDIVIDUAL_SETTING_ST, astCh);
@@ -95,7 +99,7 @@ unsigned channels_set(const char* fn, const unsigned char* wire, unsigned char l
     local->ucChNum = static_cast<unsigned char>(entries);
     unsigned n = kAvChHead;
     for (unsigned k = 0; k < entries; k++) {
-        wire_to_local(kAvCh, wire + n, bytes_of(&local->astCh[k]));
+        entry_in(wire + n, &local->astCh[k]);
         n += kAvChLen;
     }
     BB_CHECK_IMPL(fn, len == n, kSetShort, 0);
@@ -122,7 +126,7 @@ int channels_get(const char* fn, tagAV_INDIVIDUAL_SETTING_ST* local, unsigned ch
      * still carries the count byte, which then announces entries it does
      * not hold. */
     for (unsigned k = 0; k < local->ucChNum && buflen - n >= kAvChLen; k++) {
-        local_to_wire(kAvCh, bytes_of(&local->astCh[k]), wire + n);
+        entry_out(&local->astCh[k], wire + n);
         n += kAvChLen;
     }
     BB_CHECK_IMPL(fn, buflen >= n, kGetShort, 0);
