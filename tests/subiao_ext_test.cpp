@@ -1,5 +1,5 @@
-// subiao_ext_test.cpp - the Subiao load and size blocks, and the Subiao initialisers.  The row-table forms (ADAS,
-// DSM, tyre pressure, intense driving, muck truck) are in adas_test.cpp.
+// subiao_ext_test.cpp - the Subiao blocks beside ADAS and DSM: the tyre pressure and intense-driving forms, the
+// load and size blocks, and the Subiao initialisers (ADAS and DSM included).
 #include <algorithm>
 #include <cstddef>
 #include <string>
