@@ -28,9 +28,13 @@
  *    checks; one before the conversion; one after it;
  *  - the result on success: the direction's length, the length the caller
  *    gave, or 0.
- * The deployed platforms read these lines, so titles and assertion texts
- * are copied as they are, odd labels included.  A dump of the record never
- * reads past it.
+ * Most blocks take one of two ready shapes below: checked_block (refused
+ * whole on a wrong length, built in a scratch copy, dumped under three
+ * titles) and regional_form (the ADAS and DSM forms: converted first,
+ * judged after).  A block that differs in one point starts from a shape
+ * and changes that field.  The deployed platforms read these lines, so
+ * titles and assertion texts are copied as they are, odd labels included.
+ * A dump of the record never reads past it.
  *
  * The exceptions
  * --------------
