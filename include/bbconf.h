@@ -1104,7 +1104,8 @@ BBCONF_API void __InitNightTiredSetting(tagBB_PARAM_NIGHT_TIRED_ST* pstNightTire
  * in front of wire (56 for the Subiao pair, hence also in front of the
  * buffers given to CMN_SetParam / CMN_GetParam for ID 0xf364).
  * __InitSubiaoAdasParam leaves bytes 63 to 67 as they were and returns the
- * result of its printf, or -1 for a NULL record. */
+ * result of its printf; a NULL record prints the assertion line and returns
+ * that line's printf result. */
 BBCONF_API int __InitSubiaoAdasParam(tagBB_PARAM_ADAS_SUBIAO_ST* pstSubiaoAdas);
 BBCONF_API int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local);
 BBCONF_API int SubiaoAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
@@ -1130,7 +1131,8 @@ BBCONF_API int JiLingAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned 
  * max(len, 65) readable bytes.  The GuangDong, Hunan and JiLing DSM codecs
  * log the form's length of bytes immediately BEFORE the wire pointer
  * (which must be readable).  __InitSubiaoDsmParam writes all 132 bytes and
- * returns the result of its printf, or -1 for a NULL record. */
+ * returns the result of its printf; a NULL record prints the assertion
+ * line and returns that line's printf result. */
 BBCONF_API int __InitSubiaoDsmParam(tagBB_PARAM_DSM_SUBIAO_ST* pstSubiaoDsm);
 BBCONF_API int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local);
 BBCONF_API int SubiaoDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
@@ -1148,8 +1150,9 @@ BBCONF_API int JiLingDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned ch
 /* Heibiao blocks (22, 33, 33 and 45 bytes): checked first; a len other
  * than the block's, or a buflen below it, returns 0 and changes nothing.
  * An all-ones wire field (0xff, or 0xffff for a u16) keeps the local one.
- * The initialisers return the printf count of their closing line, or -1
- * for a NULL record; driver identification leaves bytes 12 to 21 and
+ * The initialisers return the printf count of their closing line; a NULL
+ * record prints the assertion line and they return its printf count.
+ * Driver identification leaves bytes 12 to 21 and
  * device failure bytes 35 to 44 as they were. */
 BBCONF_API int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DRIVER_IDENTIFY_ST* local);
 BBCONF_API int CMN_HljLStruct2B(tagBB_PARAM_DRIVER_IDENTIFY_ST* local, unsigned char* wire, unsigned int buflen);
@@ -1193,6 +1196,8 @@ BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_OVERLOAD_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERSIZE_SUBIAO_ST* local);
 BBCONF_API int CMN_LStruct2B(tagBB_PARAM_OVERSIZE_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen);
+/* The three initialisers return the printf count of their closing line; a
+ * NULL record prints the assertion line and they return its printf count. */
 BBCONF_API int __InitSubiaoTpmsParam(tagBB_PARAM_TPMS_SUBIAO_ST* pstSubiaoTpms);
 BBCONF_API int __InitSubiaoBsdParam(tagBB_PARAM_BSD_SUBIAO_ST* pstSubiaoBsd);
 BBCONF_API int __InitSubiaoIntenseDriveParam(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* pstSubiaoIntense);
@@ -1221,6 +1226,9 @@ BBCONF_API int CMN_LStruct2B(tagBB_ALARM_VIDEO_PHOTO_ST* local, unsigned char* w
  * whatever len says, the get writes 37 bytes whatever buflen says. */
 BBCONF_API int CMN_B2LStruct(unsigned char* wire, unsigned char len, _PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST* local);
 BBCONF_API int CMN_LStruct2B(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST* local, unsigned char* wire, unsigned int buflen);
+/* The muck-truck and RS485 initialisers return the printf count of their
+ * closing line, or on a NULL record that of the assertion line; the DPX
+ * initialisers return 0, or -1 after the assertion line on a NULL record. */
 BBCONF_API int __InitZhatuAlarmParam(tagBB_PARAM_ZT_ALARM_ST* pstZhatuAlarm);
 BBCONF_API int __InitQ8RS485InqureParam(_tagBB_PARAM_485AllDataFA_ST* pstRs485Inqure);
 BBCONF_API int CMN_Init_DPX_ADAS_Setting(BB_DPX_ADAS_PARM_ST* pDpxAdasSet);

@@ -11,68 +11,60 @@
 #include "common/log.h"
 #include "conf/field_defaults.h"
 
+using Taxi = tagBBTAXI_CONF_ST;
+
 namespace bbconf {
 namespace {
 
-
-#define OFF(f) static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, f))
-#define ELEM(a, i) \
-    static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, a) + (i) * sizeof(tagBBTAXI_CONF_ST::a[0]))
-
+// clang-format off
 /* The non-zero factory values. */
-constexpr FieldDefault kDefaults[] = {
+constexpr FieldDefault kTaxiValues[] = {
     /* Link supervision. */
-    {OFF(uiHeartBeatItv), 4, 20},
-    {OFF(uiTcpTimeout), 4, 60},
-    {OFF(uiTcpRetry), 4, 3},
-    {OFF(uiUdpTimeout), 4, 60},
-    {OFF(uiUdpRetry), 4, 3},
-    {OFF(uiParam001b), 4, 11001},
+    BB_NUM(Taxi, uiHeartBeatItv, 20),
+    BB_NUM(Taxi, uiTcpTimeout, 60),
+    BB_NUM(Taxi, uiTcpRetry, 3),
+    BB_NUM(Taxi, uiUdpTimeout, 60),
+    BB_NUM(Taxi, uiUdpRetry, 3),
+    BB_NUM(Taxi, uiParam001b, 11001),
     /* Reporting intervals, distances and corner angle (0x0022 - 0x0030). */
-    {ELEM(auiParam0020, 2), 4, 30},
-    {ELEM(auiParam0020, 3), 4, 30},
-    {ELEM(auiParam0020, 4), 4, 30},
-    {ELEM(auiParam0020, 5), 4, 60},
-    {ELEM(auiParam0020, 6), 4, 30},
-    {ELEM(auiParam0020, 7), 4, 120},
-    {ELEM(auiParam0020, 8), 4, 10},
-    {ELEM(auiParam0020, 9), 4, 500},
-    {ELEM(auiParam0020, 10), 4, 500},
-    {ELEM(auiParam0020, 11), 4, 500},
-    {ELEM(auiParam0020, 12), 4, 200},
-    {ELEM(auiParam0020, 13), 4, 200},
-    {ELEM(auiParam0020, 14), 4, 500},
-    {ELEM(auiParam0020, 15), 4, 200},
-    {ELEM(auiParam0020, 16), 4, 45},
+    BB_ITEM(Taxi, auiParam0020, 2, 30),
+    BB_ITEM(Taxi, auiParam0020, 3, 30),
+    BB_ITEM(Taxi, auiParam0020, 4, 30),
+    BB_ITEM(Taxi, auiParam0020, 5, 60),
+    BB_ITEM(Taxi, auiParam0020, 6, 30),
+    BB_ITEM(Taxi, auiParam0020, 7, 120),
+    BB_ITEM(Taxi, auiParam0020, 8, 10),
+    BB_ITEM(Taxi, auiParam0020, 9, 500),
+    BB_ITEM(Taxi, auiParam0020, 10, 500),
+    BB_ITEM(Taxi, auiParam0020, 11, 500),
+    BB_ITEM(Taxi, auiParam0020, 12, 200),
+    BB_ITEM(Taxi, auiParam0020, 13, 200),
+    BB_ITEM(Taxi, auiParam0020, 14, 500),
+    BB_ITEM(Taxi, auiParam0020, 15, 200),
+    BB_ITEM(Taxi, auiParam0020, 16, 45),
     /* Telephony and camera. */
-    {ELEM(auiParam0045, 3), 4, 16},
-    {OFF(ucParam004b), 1, 4},
-    {ELEM(auiParam0070, 0), 4, 5},   /* image quality */
-    {ELEM(auiParam0070, 1), 4, 128}, /* brightness */
-    {ELEM(auiParam0070, 2), 4, 64},  /* contrast */
-    {ELEM(auiParam0070, 3), 4, 64},  /* saturation */
-    {ELEM(auiParam0070, 4), 4, 128}, /* chroma */
-    {ELEM(aucParam00a0, 0), 1, 1},
-    {OFF(uiParam00b5), 4, 7008},
-    /* The tail, reached by no parameter ID; the groups at 943 and 946 hold
-     * the same triple. */
-    {943, 1, 2},
-    {944, 1, 15},
-    {945, 1, 1},
-    {946, 1, 2},
-    {947, 1, 15},
-    {948, 1, 1},
-    {950, 1, 30},
-    {951, 1, 150},
-    {952, 1, 50},
-    {962, 1, 60},
-    {1034, 1, 60},
+    BB_ITEM(Taxi, auiParam0045, 3, 16),
+    BB_NUM(Taxi, ucParam004b, 4),
+    BB_ITEM(Taxi, auiParam0070, 0, 5),   /* image quality */
+    BB_ITEM(Taxi, auiParam0070, 1, 128), /* brightness */
+    BB_ITEM(Taxi, auiParam0070, 2, 64),  /* contrast */
+    BB_ITEM(Taxi, auiParam0070, 3, 64),  /* saturation */
+    BB_ITEM(Taxi, auiParam0070, 4, 128), /* chroma */
+    BB_ITEM(Taxi, aucParam00a0, 0, 1),
+    BB_NUM(Taxi, uiParam00b5, 7008),
+    /* The tail, reached by no parameter ID: two groups of the same triple
+     * (2, 15, 1), then single settings. */
+    BB_RUN(Taxi, aucTail, 9, 6, "\x02\x0f\x01"),
+    BB_ITEM(Taxi, aucTail, 16, 30),
+    BB_ITEM(Taxi, aucTail, 17, 150),
+    BB_ITEM(Taxi, aucTail, 18, 50),
+    BB_ITEM(Taxi, aucTail, 28, 60),
+    BB_ITEM(Taxi, aucTail, 100, 60),
 };
+// clang-format on
+constexpr Defaults kTaxiDefaults = defaults_of(kTaxiValues);
 
-#undef ELEM
-#undef OFF
-
-static_assert(field_defaults_fit(kDefaults, sizeof(tagBBTAXI_CONF_ST)), "every taxi default must fit its field inside the record");
+static_assert(defaults_fit(kTaxiDefaults, sizeof(Taxi)), "every taxi default must fit its field inside the record");
 
 }  // namespace
 }  // namespace bbconf
@@ -81,7 +73,7 @@ void BBTAXI_InitToDefault(tagBBTAXI_CONF_ST* pTAXIConf) {
     BB_CHECK(NULL != pTAXIConf, );
     unsigned char* rec = bbconf::bytes_of(pTAXIConf);
     memset(rec, 0, sizeof(tagBBTAXI_CONF_ST));
-    bbconf::put_field_defaults(rec, bbconf::kDefaults);
+    bbconf::put_field_defaults(rec, bbconf::kTaxiDefaults);
     BB_INF("Init TAXI Param Len:%d\n", static_cast<int>(sizeof(tagBBTAXI_CONF_ST)));
 }
 

@@ -1,4 +1,4 @@
-// crc_test.cpp - CRC-CCITT, the record checksum and the profile hooks.
+// crc_test.cpp - CRC-CCITT and the record checksum.
 #include <cstring>
 #include <random>
 #include <vector>
@@ -69,23 +69,6 @@ TEST(CheckSum, UpdateAndVerify) {
     EXPECT_EQ(r, 0);
     EXPECT_EQ(output_of([&] { r = CMN_VerifyCheckSum(nullptr) + CMN_VerifyCheckSum(&conf.rec); }), "");
     EXPECT_EQ(r, 2);
-}
-
-// Only the muck-truck profile writes anything: 2273..2298, words little-endian.
-TEST(Profiles, OnlyTheMuckTruckProfileWrites) {
-    void (*hooks[])(tagBB_CONF_ST*) = {InitShenZhenPurnoBBParam, InitKelvoZtBBParam,       InitShenZhenTamsaBBParam,
-                                       InitGzZtBbParam,          InitKelvoZtShanXiBBParam, InitZhaTuBbParam};
-    for (auto hook : hooks) {
-        Conf conf;
-        std::memset(&conf.rec, 0xa5, sizeof conf.rec);
-        Conf want = conf;
-        if (hook == InitZhaTuBbParam) {
-            const auto fields = bbtest::hex("00 03 2c01 5802 0000 bc02 000000000000 0101010101010101 0001");
-            std::memcpy(want.bytes() + 2273, fields.data(), fields.size());
-        }
-        EXPECT_EQ(output_of([&] { hook(&conf.rec); }), "");
-        EXPECT_EQ(std::memcmp(&conf.rec, &want.rec, sizeof conf.rec), 0) << bbtest::to_hex(conf.bytes() + 2273, 26);
-    }
 }
 
 }  // namespace

@@ -7,7 +7,7 @@
 #include <utility>
 #include <vector>
 
-#include "test_util.h"
+#include "form_check.h"
 
 using bbtest::dump_text;
 using bbtest::get_as;
@@ -140,6 +140,16 @@ TEST(Pump, SetStopsAtTheFirstFfAndTheGetWritesAll) {
         back.resize(40, 0xee);
         EXPECT_EQ(hx(buf), hx(back));
     }
+}
+
+// The muck-truck block: the general settings, then 23 bytes, every field
+// with the all-ones marker; refused whole on a wrong length.
+TEST(MuckTruck, CheckedFixedForm) {
+    using formcheck::K;
+    const formcheck::Form form = {FIXED(tagBB_PARAM_ZT_ALARM_ST),
+                                  {"ZhatuAlarm After Set:", "ZhatuAlarm Before Get:", "ZhatuAlarm After Get:", ""},
+                                  {formcheck::kGeneral, {{19, 19, 1, 23, K}}}};
+    formcheck::check(form);
 }
 
 }  // namespace

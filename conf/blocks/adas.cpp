@@ -7,21 +7,22 @@
 #include "bbconf.h"
 #include "common/byteorder.h"
 #include "common/log.h"
-#include "conf/blocks/forms.h"
+#include "conf/blocks/codec.h"
+#include "conf/field_defaults.h"
+
+using Adas = tagBB_PARAM_ADAS_SUBIAO_ST;
 
 namespace bbconf {
 namespace {
 
-/* Wire 0..51 onto local 0..51, shared by every form but Hunan.  The reserved
- * byte 19 is carried as it comes, 0xFF included. */
-constexpr WireField kAdasHead[] = {
-    {0, 0, 1, 3, kKeep},     /* speed threshold, volume, photo strategy */
-    {3, 3, 2, 2, kKeep},     /* timed and distance photo intervals */
-    {7, 7, 1, 4, kKeep},     /* photo count and interval, photo and video resolution */
-    {11, 11, 4, 2, kKeep},   /* alarm and event enable bits */
+/* Wire 19..51 onto local 19..51, behind the general settings, shared by
+ * every form but Hunan.  The reserved byte 19 is carried as it comes, 0xFF
+ * included. */
+constexpr WireField kAlarmRows[] = {
     {19, 19, 1, 1, kAlways}, /* reserved byte */
     {20, 20, 1, 32, kKeep},  /* obstacle .. road sign photo interval */
 };
+constexpr WireTable kAlarms = rows_of(kAlarmRows);
 
 constexpr WireField kSiChuanRows[] = {
     {52, 63, 1, 5, kKeep}, /* SiChuan extension bytes */
@@ -36,135 +37,90 @@ constexpr WireField kJiLingRows[] = {
     {60, 68, 2, 18, kKeep}, /* extension words */
 };
 
-/* Hunan keeps only part of the head: no reserved byte, no obstacle or lane
- * change fields, no forward-collision or headway speed thresholds and no
- * road sign photo interval.  Those local fields are left as they are. */
+/* Hunan keeps only part of the alarm settings: no reserved byte, no
+ * obstacle or lane change fields, no forward-collision or headway speed
+ * thresholds and no road sign photo interval.  Those local fields are left
+ * as they are. */
 constexpr WireField kHunanRows[] = {
-    {0, 0, 1, 3, kKeep},
-    {3, 3, 2, 2, kKeep},
-    {7, 7, 1, 4, kKeep},
-    {11, 11, 4, 2, kKeep},
     {32, 32, 1, 4, kKeep},  /* lane departure video..interval, forward collision time */
     {37, 37, 1, 9, kKeep},  /* forward collision video .. headway threshold */
     {47, 47, 1, 4, kKeep},  /* headway video..interval, road sign photo count */
     {72, 80, 2, 12, kKeep}, /* Hunan extension words */
 };
 
-constexpr WireTable kNone{nullptr, 0};
-
 /* The SiChuan form logs with the Subiao wording; every ADAS form dumps the
  * bytes in front of the wire pointer. */
-constexpr BlockForm kSubiaoAdas{rows_of(kAdasHead), kNone, 56, "Subiao Adas", DumpOrigin::BeforeWire};
-constexpr BlockForm kSiChuanAdas{rows_of(kAdasHead), rows_of(kSiChuanRows), 61, "Subiao Adas",
-                                 DumpOrigin::BeforeWire};
-constexpr BlockForm kGuangDongAdas{rows_of(kAdasHead), rows_of(kGuangDongRows), 64, "Guangdong Adas",
-                                   DumpOrigin::BeforeWire};
-constexpr BlockForm kHunanAdas{rows_of(kHunanRows), kNone, 96, "Hunan Adas", DumpOrigin::BeforeWire};
-constexpr BlockForm kJiLingAdas{rows_of(kAdasHead), rows_of(kJiLingRows), 112, "JiLing Adas",
-                                DumpOrigin::BeforeWire};
+constexpr int kAdasSize = sizeof(tagBB_PARAM_ADAS_SUBIAO_ST);
+constexpr BlockCodec kSubiaoAdas =
+    regional_form(kGeneralSettings, kAlarms, kNoRows, 56, kAdasSize, "Subiao Adas Param Set Len:%d, DataLen:%d\n",
+                  "Subiao Adas Param Get Len:%d, BufLen:%d\n", Bytes::InFrontOfWire);
+constexpr BlockCodec kSiChuanAdas = regional_form(
+    kGeneralSettings, kAlarms, rows_of(kSiChuanRows), 61, kAdasSize, "Subiao Adas Param Set Len:%d, DataLen:%d\n",
+    "Subiao Adas Param Get Len:%d, BufLen:%d\n", Bytes::InFrontOfWire);
+constexpr BlockCodec kGuangDongAdas = regional_form(
+    kGeneralSettings, kAlarms, rows_of(kGuangDongRows), 64, kAdasSize,
+    "Guangdong Adas Param Set Len:%d, DataLen:%d\n", "Guangdong Adas Param Get Len:%d, BufLen:%d\n",
+    Bytes::InFrontOfWire);
+constexpr BlockCodec kHunanAdas =
+    regional_form(kGeneralSettings, rows_of(kHunanRows), kNoRows, 96, kAdasSize,
+                  "Hunan Adas Param Set Len:%d, DataLen:%d\n", "Hunan Adas Param Get Len:%d, BufLen:%d\n",
+                  Bytes::InFrontOfWire);
+constexpr BlockCodec kJiLingAdas = regional_form(
+    kGeneralSettings, kAlarms, rows_of(kJiLingRows), 112, kAdasSize, "JiLing Adas Param Set Len:%d, DataLen:%d\n",
+    "JiLing Adas Param Get Len:%d, BufLen:%d\n", Bytes::InFrontOfWire);
 
-constexpr int kAdasSize = static_cast<int>(sizeof(tagBB_PARAM_ADAS_SUBIAO_ST));
-static_assert(form_wire_extent(kSubiaoAdas) <= kSubiaoAdas.length, "Subiao ADAS rows overrun the form");
-static_assert(form_wire_extent(kSiChuanAdas) <= kSiChuanAdas.length, "SiChuan ADAS rows overrun the form");
-static_assert(form_wire_extent(kGuangDongAdas) <= kGuangDongAdas.length, "GuangDong ADAS rows overrun");
-static_assert(form_wire_extent(kHunanAdas) <= kHunanAdas.length, "Hunan ADAS rows overrun the form");
-static_assert(form_wire_extent(kJiLingAdas) <= kJiLingAdas.length, "JiLing ADAS rows overrun the form");
-static_assert(form_local_extent(kSiChuanAdas) <= kAdasSize && form_local_extent(kGuangDongAdas) <= kAdasSize &&
-                  form_local_extent(kHunanAdas) <= kAdasSize && form_local_extent(kJiLingAdas) <= kAdasSize,
-              "ADAS rows overrun the local record");
+static_assert(codec_fits(kSubiaoAdas) && codec_fits(kSiChuanAdas) && codec_fits(kGuangDongAdas) &&
+                  codec_fits(kHunanAdas) && codec_fits(kJiLingAdas),
+              "every ADAS form lies inside its length and the record");
 
 /* Factory defaults.  Times in tenths of a second, speeds in km/h, video
- * lengths in seconds. */
-constexpr tagBB_PARAM_ADAS_SUBIAO_ST kAdasDefaults = {
-    30,         /* 0: alarm speed threshold */
-    6,          /* 1: prompt volume */
-    0,          /* 2: active photo strategy: off */
-    60,         /* 3: timed photo interval, s */
-    200,        /* 5: distance photo interval, m */
-    3,          /* 7: photos per capture */
-    2,          /* 8: interval between photos */
-    3,          /* 9: photo resolution */
-    3,          /* 10: video resolution */
-    0x00011FFF, /* 11: alarm enable bits */
-    0x00000003, /* 15: event enable bits */
-    0,          /* 19: reserved */
-    30, 50, 5, 3, 2,    /* 20: obstacle: distance, speed, video, photos, interval */
-    60, 5, 50, 5, 3, 2, /* 25: lane change: period, count, speed, video, photos, interval */
-    50, 5, 3, 2,        /* 31: lane departure: speed, video, photos, interval */
-    27, 50, 5, 3, 2,    /* 35: forward collision: time, speed, video, photos, interval */
-    30, 50, 5, 3, 2,    /* 40: pedestrian collision */
-    10, 50, 5, 3, 2,    /* 45: headway */
-    3, 2,               /* 50: road sign photos, interval */
-    {5, 3, 2},          /* 52: regional extension bytes */
-    {50, 5, 3, 2},      /* 55: group A */
-    {50, 5, 3, 2},      /* 59: group B */
-    {0, 0, 0, 0, 0},    /* 63: SiChuan bytes, never written by the initialiser */
-    {},                 /* 68: extension words */
+ * lengths in seconds.  The SiChuan bytes keep what the record held. */
+constexpr FieldDefault kAdasValues[] = {
+    BB_NUM(Adas, ucAlarmSpeed, 30),
+    BB_NUM(Adas, ucVolume, 6),
+    BB_NUM(Adas, ucPhotoStrategy, 0), /* off */
+    BB_NUM(Adas, usTimedPhotoItv, 60),
+    BB_NUM(Adas, usDistPhotoItv, 200),
+    BB_NUM(Adas, ucPhotoNum, 3),
+    BB_NUM(Adas, ucPhotoItv, 2),
+    BB_NUM(Adas, ucPhotoResolution, 3),
+    BB_NUM(Adas, ucVideoResolution, 3),
+    BB_NUM(Adas, uiAlarmEnable, 0x00011FFF),
+    BB_NUM(Adas, uiEventEnable, 0x00000003),
+    BB_NUM(Adas, ucReserved, 0),
+    /* distance or time, speed, video, photos, interval */
+    BB_SPAN(Adas, ucObstacleDist, ucObstaclePhotoItv, "\x1e\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucLaneChangePeriod, ucLaneChangePhotoItv, "\x3c\x05\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucLaneDepartSpeed, ucLaneDepartPhotoItv, "\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucFcwTime, ucFcwPhotoItv, "\x1b\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucPcwTime, ucPcwPhotoItv, "\x1e\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucHmwTime, ucHmwPhotoItv, "\x0a\x32\x05\x03\x02"),
+    BB_SPAN(Adas, ucRoadSignPhotoNum, ucRoadSignPhotoItv, "\x03\x02"),
+    BB_BYTES(Adas, aucExt, "\x05\x03\x02"),
+    BB_SPAN(Adas, stGroupA, stGroupB, "\x32\x05\x03\x02"),
+    BB_BYTES(Adas, ausExtWord, "\0"),
 };
-
-/* The SiChuan bytes keep what the record held before. */
-constexpr size_t kSiChuanExtAt = offsetof(tagBB_PARAM_ADAS_SUBIAO_ST, aucSiChuanExt);
-constexpr size_t kExtWordsAt = offsetof(tagBB_PARAM_ADAS_SUBIAO_ST, ausExtWord);
+constexpr Defaults kAdasDefaults = defaults_of(kAdasValues);
+static_assert(defaults_fit(kAdasDefaults, sizeof(Adas)), "ADAS defaults lie inside the block");
 
 }  // namespace
 }  // namespace bbconf
 
-using bbconf::bytes_of;
+using bbconf::block_get;
+using bbconf::block_set;
 
-int __InitSubiaoAdasParam(tagBB_PARAM_ADAS_SUBIAO_ST* pstSubiaoAdas) {
-    BB_CHECK(NULL != pstSubiaoAdas, -1);
-    const unsigned char* from = reinterpret_cast<const unsigned char*>(&bbconf::kAdasDefaults);
-    unsigned char* to = bytes_of(pstSubiaoAdas);
-    memcpy(to, from, bbconf::kSiChuanExtAt);
-    memcpy(to + bbconf::kExtWordsAt, from + bbconf::kExtWordsAt,
-           sizeof(tagBB_PARAM_ADAS_SUBIAO_ST) - bbconf::kExtWordsAt);
-    return BB_WAR("Param Inited!\n");
-}
-
-int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kSubiaoAdas, __func__, wire, len, bytes_of(local));
-}
-
-int SubiaoAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kSubiaoAdas, __func__, bytes_of(local), wire, buflen);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return SubiaoAdas_B2LStruct(wire, len, local);
-}
-
-int CMN_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return SubiaoAdas_LStruct2B(local, wire, buflen);
-}
-
-int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kSiChuanAdas, __func__, wire, len, bytes_of(local));
-}
-
-int SiChuan_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kSiChuanAdas, __func__, bytes_of(local), wire, buflen);
-}
-
-int GuangDongAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kGuangDongAdas, __func__, wire, len, bytes_of(local));
-}
-
-int GuangDongAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kGuangDongAdas, __func__, bytes_of(local), wire, buflen);
-}
-
-int HunanAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kHunanAdas, __func__, wire, len, bytes_of(local));
-}
-
-int HunanAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kHunanAdas, __func__, bytes_of(local), wire, buflen);
-}
-
-int JiLingAdas_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_ADAS_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kJiLingAdas, __func__, wire, len, bytes_of(local));
-}
-
-int JiLingAdas_LStruct2B(tagBB_PARAM_ADAS_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kJiLingAdas, __func__, bytes_of(local), wire, buflen);
-}
+// clang-format off
+int __InitSubiaoAdasParam(Adas* pstSubiaoAdas) { return bbconf::init_block(__func__, "NULL != pstSubiaoAdas", pstSubiaoAdas, bbconf::kAdasDefaults); }
+int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kSubiaoAdas, __func__, wire, len, local); }
+int SubiaoAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSubiaoAdas, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return SubiaoAdas_B2LStruct(wire, len, local); }
+int CMN_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return SubiaoAdas_LStruct2B(local, wire, buflen); }
+int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kSiChuanAdas, __func__, wire, len, local); }
+int SiChuan_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSiChuanAdas, __func__, local, wire, buflen); }
+int GuangDongAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kGuangDongAdas, __func__, wire, len, local); }
+int GuangDongAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kGuangDongAdas, __func__, local, wire, buflen); }
+int HunanAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kHunanAdas, __func__, wire, len, local); }
+int HunanAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHunanAdas, __func__, local, wire, buflen); }
+int JiLingAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kJiLingAdas, __func__, wire, len, local); }
+int JiLingAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kJiLingAdas, __func__, local, wire, buflen); }
+// clang-format on

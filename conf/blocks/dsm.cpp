@@ -7,21 +7,28 @@
 #include "bbconf.h"
 #include "common/byteorder.h"
 #include "common/log.h"
-#include "conf/blocks/forms.h"
+#include "conf/blocks/codec.h"
+#include "conf/field_defaults.h"
+
+using Dsm = tagBB_PARAM_DSM_SUBIAO_ST;
 
 namespace bbconf {
 namespace {
 
-/* Wire 0..46, shared by every form but Hunan.  Wire 23..25 are reserved and
- * have no place in the local record, so the alarm groups shift by three. */
-constexpr WireField kDsmHead[] = {
-    {0, 0, 1, 3, kKeep},    /* speed threshold, volume, photo strategy */
-    {3, 3, 2, 2, kKeep},    /* timed and distance photo intervals */
-    {7, 7, 1, 4, kKeep},    /* photo count and interval, photo and video resolution */
-    {11, 11, 4, 2, kKeep},  /* alarm and event enable bits */
-    {19, 19, 2, 2, kKeep},  /* smoking and phone call judging intervals */
+/* Behind the general settings: the smoking and phone call judging
+ * intervals, shared by every form. */
+constexpr WireField kJudgingRows[] = {
+    {19, 19, 2, 2, kKeep},
+};
+constexpr WireTable kJudging = rows_of(kJudgingRows);
+
+/* Wire 26..46, shared by every form but Hunan.  Wire 23..25 are reserved
+ * and have no place in the local record, so the alarm groups shift by
+ * three. */
+constexpr WireField kAlarmGroupRows[] = {
     {26, 23, 1, 21, kKeep}, /* five alarm groups, driver identification trigger */
 };
+constexpr WireTable kAlarmGroups = rows_of(kAlarmGroupRows);
 
 /* SiChuan carries the six extension bytes as they come, 0xFF included. */
 constexpr WireField kSiChuanRows[] = {
@@ -43,11 +50,6 @@ constexpr WireField kGuangDongRows[] = {
 /* Hunan drops the speed thresholds of the five alarm groups and keeps its
  * last three extension words in front of the three before them. */
 constexpr WireField kHunanRows[] = {
-    {0, 0, 1, 3, kKeep},
-    {3, 3, 2, 2, kKeep},
-    {7, 7, 1, 4, kKeep},
-    {11, 11, 4, 2, kKeep},
-    {19, 19, 2, 2, kKeep},
     {27, 24, 1, 3, kKeep},    /* fatigue video, photos, interval */
     {31, 28, 1, 3, kKeep},    /* phone call */
     {35, 32, 1, 3, kKeep},    /* smoking */
@@ -65,117 +67,90 @@ constexpr WireField kJiLingRows[] = {
     {104, 114, 2, 6, kKeep}, /* extension words */
 };
 
-constexpr WireTable kNone{nullptr, 0};
+/* A form that carries the Subiao head (general settings, judging
+ * intervals, alarm groups) and then its own rows. */
+constexpr BlockCodec with_subiao_head(WireTable own, int len, const char* set_line, const char* get_line,
+                                      Bytes dumped) {
+    BlockCodec c = regional_form(kGeneralSettings, kJudging, kAlarmGroups, len, sizeof(Dsm),
+                                 set_line, get_line, dumped);
+    c.tables[3] = own;
+    return c;
+}
 
-/* The Subiao and SiChuan forms dump the block itself; the others dump the
- * bytes in front of the wire pointer.  SiChuan logs with the Subiao wording. */
-constexpr BlockForm kSubiaoDsm{rows_of(kDsmHead), kNone, 49, "Subiao Dsm", DumpOrigin::AtWire};
-constexpr BlockForm kSiChuanDsm{rows_of(kDsmHead), rows_of(kSiChuanRows), 65, "Subiao Dsm", DumpOrigin::AtWire};
-constexpr BlockForm kGuangDongDsm{rows_of(kDsmHead), rows_of(kGuangDongRows), 66, "Guangdong Dsm",
-                                  DumpOrigin::BeforeWire};
-constexpr BlockForm kHunanDsm{rows_of(kHunanRows), kNone, 110, "Hunan Dsm", DumpOrigin::BeforeWire};
-constexpr BlockForm kJiLingDsm{rows_of(kDsmHead), rows_of(kJiLingRows), 126, "JiLing Dsm",
-                               DumpOrigin::BeforeWire};
+/* The Subiao and SiChuan forms dump the block itself, the others the bytes
+ * in front of the wire pointer.  SiChuan logs with the Subiao wording and
+ * first logs the block as it arrived. */
+constexpr BlockCodec kSubiaoDsm = with_subiao_head(kNoRows, 49, "Subiao Dsm Param Set Len:%d, DataLen:%d\n",
+                                                   "Subiao Dsm Param Get Len:%d, BufLen:%d\n", Bytes::Wire);
+constexpr BlockCodec kSiChuanDsm = [] {
+    BlockCodec c = with_subiao_head(rows_of(kSiChuanRows), 65, "Subiao Dsm Param Set Len:%d, DataLen:%d\n",
+                                    "Subiao Dsm Param Get Len:%d, BufLen:%d\n", Bytes::Wire);
+    c.set.arrived = Report{"Subiao Dsm Param Set Len:%d, DataLen:%d\n", Num::Zero, Num::Given, Bytes::Wire, Num::Given};
+    return c;
+}();
+constexpr BlockCodec kGuangDongDsm =
+    with_subiao_head(rows_of(kGuangDongRows), 66, "Guangdong Dsm Param Set Len:%d, DataLen:%d\n",
+                     "Guangdong Dsm Param Get Len:%d, BufLen:%d\n", Bytes::InFrontOfWire);
+constexpr BlockCodec kHunanDsm =
+    regional_form(kGeneralSettings, kJudging, rows_of(kHunanRows), 110, sizeof(Dsm),
+                  "Hunan Dsm Param Set Len:%d, DataLen:%d\n", "Hunan Dsm Param Get Len:%d, BufLen:%d\n",
+                  Bytes::InFrontOfWire);
+constexpr BlockCodec kJiLingDsm =
+    with_subiao_head(rows_of(kJiLingRows), 126, "JiLing Dsm Param Set Len:%d, DataLen:%d\n",
+                     "JiLing Dsm Param Get Len:%d, BufLen:%d\n", Bytes::InFrontOfWire);
 
-constexpr int kDsmSize = static_cast<int>(sizeof(tagBB_PARAM_DSM_SUBIAO_ST));
-static_assert(form_wire_extent(kSubiaoDsm) <= kSubiaoDsm.length, "Subiao DSM rows overrun the form");
-static_assert(form_wire_extent(kSiChuanDsm) <= kSiChuanDsm.length, "SiChuan DSM rows overrun the form");
-static_assert(form_wire_extent(kGuangDongDsm) <= kGuangDongDsm.length, "GuangDong DSM rows overrun");
-static_assert(form_wire_extent(kHunanDsm) <= kHunanDsm.length, "Hunan DSM rows overrun the form");
-static_assert(form_wire_extent(kJiLingDsm) <= kJiLingDsm.length, "JiLing DSM rows overrun the form");
-static_assert(form_local_extent(kSiChuanDsm) <= kDsmSize && form_local_extent(kGuangDongDsm) <= kDsmSize &&
-                  form_local_extent(kHunanDsm) <= kDsmSize && form_local_extent(kJiLingDsm) <= kDsmSize,
-              "DSM rows overrun the local record");
+static_assert(codec_fits(kSubiaoDsm) && codec_fits(kSiChuanDsm) && codec_fits(kGuangDongDsm) &&
+                  codec_fits(kHunanDsm) && codec_fits(kJiLingDsm),
+              "every DSM form lies inside its length and the record");
 
 /* Factory defaults.  Speeds in km/h, video lengths and judging intervals in
- * seconds, photo intervals in tenths of a second. */
-constexpr tagBB_ALARM_GRADE_ST kGrade = {50, 5, 3, 2};
-constexpr tagBB_DSM_EXT_GROUP_ST kExtGroup = {5, 3, 2, 300};
+ * seconds, photo intervals in tenths of a second.  Every byte is written. */
+constexpr char kGrade[] = "\x32\x05\x03\x02";           /* speed 50, video 5, photos 3, interval 2 */
+constexpr char kExtGroup[] = "\x05\x03\x02\x2c\x01";   /* video 5, photos 3, interval 2, judging 300 */
 
-constexpr tagBB_PARAM_DSM_SUBIAO_ST kDsmDefaults = {
-    30,         /* 0: alarm speed threshold */
-    6,          /* 1: prompt volume */
-    0,          /* 2: active photo strategy: off */
-    3600,       /* 3: timed photo interval, s */
-    200,        /* 5: distance photo interval, m */
-    3,          /* 7: photos per capture */
-    2,          /* 8: interval between photos */
-    3,          /* 9: photo resolution */
-    3,          /* 10: video resolution */
-    0x00FFC3FF, /* 11: alarm enable bits */
-    0x00000003, /* 15: event enable bits */
-    180,        /* 19: smoking judging interval, s */
-    120,        /* 21: phone call judging interval, s */
-    kGrade,     /* 23: fatigue */
-    kGrade,     /* 27: phone call */
-    kGrade,     /* 31: smoking */
-    kGrade,     /* 35: distraction */
-    kGrade,     /* 39: abnormal driving */
-    1,          /* 43: driver identification trigger */
-    {},         /* 44: extension bytes */
-    kExtGroup,  /* 50: group A */
-    kExtGroup,  /* 55: group B */
-    {kGrade, kGrade, kGrade, kGrade, kGrade, kGrade}, /* 60: regional groups */
-    {},         /* 84: extension area */
+constexpr FieldDefault kDsmValues[] = {
+    BB_NUM(Dsm, ucAlarmSpeed, 30),
+    BB_NUM(Dsm, ucVolume, 6),
+    BB_NUM(Dsm, ucPhotoStrategy, 0), /* off */
+    BB_NUM(Dsm, usTimedPhotoItv, 3600),
+    BB_NUM(Dsm, usDistPhotoItv, 200),
+    BB_NUM(Dsm, ucPhotoNum, 3),
+    BB_NUM(Dsm, ucPhotoItv, 2),
+    BB_NUM(Dsm, ucPhotoResolution, 3),
+    BB_NUM(Dsm, ucVideoResolution, 3),
+    BB_NUM(Dsm, uiAlarmEnable, 0x00FFC3FF),
+    BB_NUM(Dsm, uiEventEnable, 0x00000003),
+    BB_NUM(Dsm, usSmokeJudgeItv, 180),
+    BB_NUM(Dsm, usCallJudgeItv, 120),
+    BB_SPAN(Dsm, stFatigue, stAbnormal, kGrade),
+    BB_NUM(Dsm, ucDriverIdTrigger, 1),
+    BB_BYTES(Dsm, aucExt, "\0"),
+    BB_SPAN(Dsm, stGroupA, stGroupB, kExtGroup),
+    BB_BYTES(Dsm, astRegion, kGrade),
+    BB_BYTES(Dsm, aucExtArea, "\0"),
 };
+constexpr Defaults kDsmDefaults = defaults_of(kDsmValues);
+static_assert(defaults_extent(kDsmDefaults) == sizeof(Dsm) && defaults_fit(kDsmDefaults, sizeof(Dsm)),
+              "the DSM defaults write the whole block");
 
 }  // namespace
 }  // namespace bbconf
 
-using bbconf::bytes_of;
+using bbconf::block_get;
+using bbconf::block_set;
 
-int __InitSubiaoDsmParam(tagBB_PARAM_DSM_SUBIAO_ST* pstSubiaoDsm) {
-    BB_CHECK(NULL != pstSubiaoDsm, -1);
-    memcpy(bytes_of(pstSubiaoDsm), &bbconf::kDsmDefaults, sizeof(tagBB_PARAM_DSM_SUBIAO_ST));
-    return BB_WAR("Param Inited!\n");
-}
-
-int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kSubiaoDsm, __func__, wire, len, bytes_of(local));
-}
-
-int SubiaoDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kSubiaoDsm, __func__, bytes_of(local), wire, buflen);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    return SubiaoDsm_B2LStruct(wire, len, local);
-}
-
-int CMN_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return SubiaoDsm_LStruct2B(local, wire, buflen);
-}
-
-/* The SiChuan set logs the block as it arrived before converting it. */
-int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    bbconf::form_log_received(bbconf::kSiChuanDsm, __func__, wire, len);
-    return bbconf::form_set(bbconf::kSiChuanDsm, __func__, wire, len, bytes_of(local));
-}
-
-int SiChuan_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kSiChuanDsm, __func__, bytes_of(local), wire, buflen);
-}
-
-int GuangDongDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kGuangDongDsm, __func__, wire, len, bytes_of(local));
-}
-
-int GuangDongDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kGuangDongDsm, __func__, bytes_of(local), wire, buflen);
-}
-
-int HunanDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kHunanDsm, __func__, wire, len, bytes_of(local));
-}
-
-int HunanDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kHunanDsm, __func__, bytes_of(local), wire, buflen);
-}
-
-int JiLingDsm_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_DSM_SUBIAO_ST* local) {
-    return bbconf::form_set(bbconf::kJiLingDsm, __func__, wire, len, bytes_of(local));
-}
-
-int JiLingDsm_LStruct2B(tagBB_PARAM_DSM_SUBIAO_ST* local, unsigned char* wire, unsigned int buflen) {
-    return bbconf::form_get(bbconf::kJiLingDsm, __func__, bytes_of(local), wire, buflen);
-}
+// clang-format off
+int __InitSubiaoDsmParam(Dsm* pstSubiaoDsm) { return bbconf::init_block(__func__, "NULL != pstSubiaoDsm", pstSubiaoDsm, bbconf::kDsmDefaults); }
+int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kSubiaoDsm, __func__, wire, len, local); }
+int SubiaoDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSubiaoDsm, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return SubiaoDsm_B2LStruct(wire, len, local); }
+int CMN_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return SubiaoDsm_LStruct2B(local, wire, buflen); }
+int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kSiChuanDsm, __func__, wire, len, local); }
+int SiChuan_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSiChuanDsm, __func__, local, wire, buflen); }
+int GuangDongDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kGuangDongDsm, __func__, wire, len, local); }
+int GuangDongDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kGuangDongDsm, __func__, local, wire, buflen); }
+int HunanDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kHunanDsm, __func__, wire, len, local); }
+int HunanDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHunanDsm, __func__, local, wire, buflen); }
+int JiLingDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kJiLingDsm, __func__, wire, len, local); }
+int JiLingDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kJiLingDsm, __func__, local, wire, buflen); }
+// clang-format on

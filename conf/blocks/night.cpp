@@ -7,93 +7,90 @@
  * the fatigue block change byte order.  These blocks have no keep-unchanged
  * marker: an 0xFF byte is stored like any other value. */
 #include "bbconf.h"
-#include "conf/blocks/fixed_form.h"
+#include "conf/blocks/codec.h"
+#include "conf/field_defaults.h"
+
+using NightSpeed = tagBB_PARAM_NIGHT_SPEED_ST;
+using NightMove = tagBB_PARAM_NIGHT_MOVE_ST;
+using NightTired = tagBB_PARAM_NIGHT_TIRED_ST;
 
 namespace bbconf {
 namespace {
 
 /* Speed and movement blocks: eight single bytes, identical on the wire. */
-constexpr WireField kNightBytes[] = {
-    {0, 0, 1, 8, false},
+constexpr WireField kNightByteRows[] = {
+    {0, 0, 1, 8, kAlways},
 };
 
-constexpr WireField kNightTired[] = {
-    {0, 0, 1, 7, false},   /* enable, period start, period end */
-    {7, 7, 4, 2, false},   /* driving limit, minimum rest (s) */
-    {15, 15, 1, 1, false}, /* setting byte */
+constexpr WireField kNightTiredRows[] = {
+    {0, 0, 1, 7, kAlways},   /* enable, period start, period end */
+    {7, 7, 4, 2, kAlways},   /* driving limit, minimum rest (s) */
+    {15, 15, 1, 1, kAlways}, /* setting byte */
 };
 
 /* The three blocks log under the same plain headers. */
-constexpr FixedForm night_form(int len, WireTable t) {
-    return FixedForm{t, len, "After Set:", "Before Get:", "After Get:", false, nullptr};
+constexpr BlockCodec night_block(WireTable rows, int len) {
+    return checked_block(rows, kNoRows, len, "After Set:", "Before Get:", "After Get:");
 }
 
-constexpr FixedForm kSpeedForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_SPEED_ST), rows_of(kNightBytes));
-constexpr FixedForm kMoveForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_MOVE_ST), rows_of(kNightBytes));
-constexpr FixedForm kTiredForm =
-    night_form(sizeof(tagBB_PARAM_NIGHT_TIRED_ST), rows_of(kNightTired));
+constexpr BlockCodec kNightSpeed = night_block(rows_of(kNightByteRows), sizeof(NightSpeed));
+constexpr BlockCodec kNightMove = night_block(rows_of(kNightByteRows), sizeof(NightMove));
+constexpr BlockCodec kNightTired = night_block(rows_of(kNightTiredRows), sizeof(NightTired));
 
-/* Each table names every byte of its block. */
-static_assert(covers_block(kSpeedForm), "night speed table must cover 8 bytes");
-static_assert(covers_block(kMoveForm), "night movement table must cover 8 bytes");
-static_assert(covers_block(kTiredForm), "night fatigue table must cover 16 bytes");
+static_assert(codec_covers(kNightSpeed) && codec_covers(kNightMove) && codec_covers(kNightTired),
+              "each night table names every byte of its block");
 
 /* Defaults: every field is written, zeros included. */
-constexpr DefaultRun kSpeedRuns[] = {
-    {0, 1, 1, 0},                              /* rule off */
-    {1, 1, 1, 80},                             /* speed limit */
-    {2, 1, 1, 0x22}, {3, 1, 1, 0}, {4, 1, 1, 0}, /* from 22:00:00 */
-    {5, 1, 1, 0x06}, {6, 1, 1, 0}, {7, 1, 1, 0}, /* to 06:00:00 */
+constexpr FieldDefault kNightSpeedValues[] = {
+    BB_NUM(NightSpeed, ucEnable, 0),
+    BB_NUM(NightSpeed, ucSpeedLmt, 80),
+    BB_BYTES(NightSpeed, aucStart, "\x22\x00\x00"), /* 22:00:00 */
+    BB_BYTES(NightSpeed, aucEnd, "\x06\x00\x00"),   /* 06:00:00 */
 };
 
-constexpr DefaultRun kMoveRuns[] = {
-    {0, 1, 1, 0},                              /* rule off */
-    {1, 1, 1, 0x02}, {2, 1, 1, 0}, {3, 1, 1, 0}, /* from 02:00:00 */
-    {4, 1, 1, 0x05}, {5, 1, 1, 0}, {6, 1, 1, 0}, /* to 05:00:00 */
-    {7, 1, 1, 0},                              /* setting byte */
+constexpr FieldDefault kNightMoveValues[] = {
+    BB_NUM(NightMove, ucEnable, 0),
+    BB_BYTES(NightMove, aucStart, "\x02\x00\x00"), /* 02:00:00 */
+    BB_BYTES(NightMove, aucEnd, "\x05\x00\x00"),   /* 05:00:00 */
+    BB_NUM(NightMove, ucSetting, 0),
 };
 
-constexpr DefaultRun kTiredRuns[] = {
-    {0, 1, 1, 0},                              /* rule off */
-    {1, 1, 1, 0x22}, {2, 1, 1, 0}, {3, 1, 1, 0}, /* from 22:00:00 */
-    {4, 1, 1, 0x05}, {5, 1, 1, 0}, {6, 1, 1, 0}, /* to 05:00:00 */
-    {7, 4, 1, 7200},                           /* two hours of driving */
-    {11, 4, 1, 1200},                          /* twenty minutes of rest */
-    {15, 1, 1, 0},                             /* setting byte */
+constexpr FieldDefault kNightTiredValues[] = {
+    BB_NUM(NightTired, ucEnable, 0),
+    BB_BYTES(NightTired, aucStart, "\x22\x00\x00"), /* 22:00:00 */
+    BB_BYTES(NightTired, aucEnd, "\x05\x00\x00"),   /* 05:00:00 */
+    BB_NUM(NightTired, uiDriveLmt, 7200),           /* two hours of driving */
+    BB_NUM(NightTired, uiMinRest, 1200),            /* twenty minutes of rest */
+    BB_NUM(NightTired, ucSetting, 0),
 };
 
-constexpr DefaultTable kSpeedDefaults = rows_of(kSpeedRuns);
-constexpr DefaultTable kMoveDefaults = rows_of(kMoveRuns);
-constexpr DefaultTable kTiredDefaults = rows_of(kTiredRuns);
+constexpr Defaults kNightSpeedDefaults = defaults_of(kNightSpeedValues);
+constexpr Defaults kNightMoveDefaults = defaults_of(kNightMoveValues);
+constexpr Defaults kNightTiredDefaults = defaults_of(kNightTiredValues);
 
-static_assert(defaults_extent(kSpeedDefaults) == sizeof(tagBB_PARAM_NIGHT_SPEED_ST),
-              "speed defaults");
-static_assert(defaults_extent(kMoveDefaults) == sizeof(tagBB_PARAM_NIGHT_MOVE_ST), "move defaults");
-static_assert(defaults_extent(kTiredDefaults) == sizeof(tagBB_PARAM_NIGHT_TIRED_ST),
-              "tired defaults");
+static_assert(defaults_extent(kNightSpeedDefaults) == sizeof(NightSpeed) &&
+                  defaults_extent(kNightMoveDefaults) == sizeof(NightMove) &&
+                  defaults_extent(kNightTiredDefaults) == sizeof(NightTired),
+              "the night defaults write whole blocks");
 
 }  // namespace
 }  // namespace bbconf
 
+using bbconf::block_get;
+using bbconf::block_set;
 using bbconf::bytes_of;
+using bbconf::put_field_defaults;
 
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_SPEED_ST, bbconf::kSpeedForm)
-
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_MOVE_ST, bbconf::kMoveForm)
-
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_NIGHT_TIRED_ST, bbconf::kTiredForm)
+// clang-format off
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightSpeed* local) { return block_set(bbconf::kNightSpeed, __func__, wire, len, local); }
+int CMN_LStruct2B(NightSpeed* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightSpeed, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightMove* local) { return block_set(bbconf::kNightMove, __func__, wire, len, local); }
+int CMN_LStruct2B(NightMove* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightMove, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightTired* local) { return block_set(bbconf::kNightTired, __func__, wire, len, local); }
+int CMN_LStruct2B(NightTired* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightTired, __func__, local, wire, buflen); }
 
 /* The initialisers trust their caller: no pointer test, nothing printed. */
-void __InitNightSpeedLmt(tagBB_PARAM_NIGHT_SPEED_ST* pstNightSpeedLmt) {
-    bbconf::put_defaults(bbconf::kSpeedDefaults, bytes_of(pstNightSpeedLmt));
-}
-
-void __InitNightAbnormalMove(tagBB_PARAM_NIGHT_MOVE_ST* pstNightAbnormalMove) {
-    bbconf::put_defaults(bbconf::kMoveDefaults, bytes_of(pstNightAbnormalMove));
-}
-
-void __InitNightTiredSetting(tagBB_PARAM_NIGHT_TIRED_ST* pstNightTiredSetting) {
-    bbconf::put_defaults(bbconf::kTiredDefaults, bytes_of(pstNightTiredSetting));
-}
+void __InitNightSpeedLmt(NightSpeed* pstNightSpeedLmt) { put_field_defaults(bytes_of(pstNightSpeedLmt), bbconf::kNightSpeedDefaults); }
+void __InitNightAbnormalMove(NightMove* pstNightAbnormalMove) { put_field_defaults(bytes_of(pstNightAbnormalMove), bbconf::kNightMoveDefaults); }
+void __InitNightTiredSetting(NightTired* pstNightTiredSetting) { put_field_defaults(bytes_of(pstNightTiredSetting), bbconf::kNightTiredDefaults); }
+// clang-format on

@@ -13,204 +13,156 @@
 #include "common/byteorder.h"
 #include "common/hexdump.h"
 #include "common/log.h"
-#include "conf/blocks/fixed_form.h"
-#include "conf/blocks/wire.h"
+#include "conf/blocks/codec.h"
+#include "conf/field_defaults.h"
+
+using Tpms = tagBB_PARAM_TPMS_SUBIAO_ST;
+using Bsd = tagBB_PARAM_BSD_SUBIAO_ST;
+using Intense = tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST;
+using Load = tagBB_PARAM_OVERLOAD_SUBIAO_ST;
+using Size = tagBB_PARAM_OVERSIZE_SUBIAO_ST;
 
 namespace bbconf {
 namespace {
 
 /* --- Tyre pressure ------------------------------------------------------ */
 
-constexpr WireField kTpmsFields[] = {
-    {0, 0, 1, 12, true},  /* tyre size designation text, byte by byte */
-    {12, 12, 2, 9, true}, /* unit, normal pressure, imbalance, slow leak, low,
-                             high, temperature, voltage, report interval */
-    {30, 30, 1, 6, true}, /* reserved */
+constexpr WireField kTpmsRows[] = {
+    {0, 0, 1, 12, kKeep},  /* tyre size designation text, byte by byte */
+    {12, 12, 2, 9, kKeep}, /* unit, normal pressure, imbalance, slow leak, low,
+                              high, temperature, voltage, report interval */
+    {30, 30, 1, 6, kKeep}, /* reserved */
 };
 
 /* The TPMS get logs under "Bsd" titles; that text is what the terminal's
  * log readers know, so it stays. */
-constexpr FixedForm kTpmsForm = {
-    rows_of(kTpmsFields), sizeof(tagBB_PARAM_TPMS_SUBIAO_ST),
-    "Tpms After Set:", "Bsd Before Get:", "Bsd After Get:", false, nullptr};
-static_assert(covers_block(kTpmsForm), "the TPMS table covers 36 bytes");
+constexpr BlockCodec kTpms = checked_block(rows_of(kTpmsRows), kNoRows, sizeof(Tpms), "Tpms After Set:",
+                                           "Bsd Before Get:", "Bsd After Get:");
+static_assert(codec_covers(kTpms), "the TPMS table covers 36 bytes");
 
-constexpr char kTyreSpecDefault[sizeof(tagBB_PARAM_TPMS_SUBIAO_ST::szTyreSpec)] = "Unknown";
-
-constexpr DefaultRun kTpmsRuns[] = {
-    {12, 2, 1, 3},   /* pressure unit code */
-    {14, 2, 1, 140}, /* normal pressure */
-    {16, 2, 1, 20},  /* imbalance threshold */
-    {18, 2, 1, 5},   /* slow leak threshold */
-    {20, 2, 1, 110}, /* low pressure threshold */
-    {22, 2, 1, 189}, /* high pressure threshold */
-    {24, 2, 1, 80},  /* high temperature threshold */
-    {26, 2, 1, 10},  /* voltage threshold */
-    {28, 2, 1, 60},  /* report interval */
-    {30, 1, 6, 0},   /* reserved */
+constexpr FieldDefault kTpmsValues[] = {
+    BB_BYTES(Tpms, szTyreSpec, "Unknown\0\0\0\0\0"), /* the text, NUL-padded */
+    BB_NUM(Tpms, usPressureUnit, 3),
+    BB_NUM(Tpms, usNormalPressure, 140),
+    BB_NUM(Tpms, usImbalance, 20),
+    BB_NUM(Tpms, usSlowLeak, 5),
+    BB_NUM(Tpms, usLowPressure, 110),
+    BB_NUM(Tpms, usHighPressure, 189),
+    BB_NUM(Tpms, usHighTemp, 80),
+    BB_NUM(Tpms, usVoltage, 10),
+    BB_NUM(Tpms, usReportItv, 60),
+    BB_BYTES(Tpms, aucReserved, "\0"),
 };
-constexpr DefaultTable kTpmsDefaults = rows_of(kTpmsRuns);
-static_assert(defaults_extent(kTpmsDefaults) == sizeof(tagBB_PARAM_TPMS_SUBIAO_ST),
-              "the TPMS defaults end with the block");
+constexpr Defaults kTpmsDefaults = defaults_of(kTpmsValues);
+static_assert(defaults_extent(kTpmsDefaults) == sizeof(Tpms) && defaults_fit(kTpmsDefaults, sizeof(Tpms)),
+              "the TPMS defaults write the whole block");
 
 /* --- Blind spot ---------------------------------------------------------- */
 
-constexpr DefaultRun kBsdRuns[] = {
-    {0, 1, 2, 5}, /* rear and side-rear approach thresholds */
+constexpr FieldDefault kBsdValues[] = {
+    BB_NUM(Bsd, ucRearThreshold, 5),
+    BB_NUM(Bsd, ucSideRearThreshold, 5),
 };
-constexpr DefaultTable kBsdDefaults = rows_of(kBsdRuns);
-static_assert(defaults_extent(kBsdDefaults) == sizeof(tagBB_PARAM_BSD_SUBIAO_ST),
-              "both BSD thresholds");
+constexpr Defaults kBsdDefaults = defaults_of(kBsdValues);
 
 /* --- Intense driving ------------------------------------------------------ */
 
 /* Threshold words 2, 5 and 8 (offsets 8, 14, 20) take any value, all ones
  * included; the reserved tail is copied as it comes. */
-constexpr WireField kIntenseFields[] = {
-    {0, 0, 4, 1, true},    /* alarm enable mask */
-    {4, 4, 2, 2, true},    /* words 0, 1 */
-    {8, 8, 2, 1, false},   /* word 2 */
-    {10, 10, 2, 2, true},  /* words 3, 4 */
-    {14, 14, 2, 1, false}, /* word 5 */
-    {16, 16, 2, 2, true},  /* words 6, 7 */
-    {20, 20, 2, 1, false}, /* word 8 */
-    {22, 22, 2, 12, true}, /* words 9 to 20 */
-    {46, 46, 1, 8, false}, /* reserved */
+constexpr WireField kIntenseRows[] = {
+    {0, 0, 4, 1, kKeep},     /* alarm enable mask */
+    {4, 4, 2, 2, kKeep},     /* words 0, 1 */
+    {8, 8, 2, 1, kAlways},   /* word 2 */
+    {10, 10, 2, 2, kKeep},   /* words 3, 4 */
+    {14, 14, 2, 1, kAlways}, /* word 5 */
+    {16, 16, 2, 2, kKeep},   /* words 6, 7 */
+    {20, 20, 2, 1, kAlways}, /* word 8 */
+    {22, 22, 2, 12, kKeep},  /* words 9 to 20 */
+    {46, 46, 1, 8, kAlways}, /* reserved */
 };
 
 /* The get states the length on its title line and asserts a null wire. */
-constexpr FixedForm kIntenseForm = {
-    rows_of(kIntenseFields), sizeof(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST),
-    "intense driving After Set:", "intense driving Before Get:",
-    "intense driving After Get len:", true, "(pDst != NULL)"};
-static_assert(covers_block(kIntenseForm), "the intense-driving table covers 54 bytes");
+constexpr BlockCodec kIntense = [] {
+    BlockCodec c = checked_block(rows_of(kIntenseRows), kNoRows, sizeof(Intense), "intense driving After Set:",
+                                 "intense driving Before Get:", "intense driving After Get len:%d");
+    c.get.ptrs[0].text = "(pDst != NULL)";
+    return c;
+}();
+static_assert(codec_covers(kIntense), "the intense-driving table covers 54 bytes");
 
 /* Words 2, 5 and 8 and the reserved tail are not written. */
-constexpr DefaultRun kIntenseRuns[] = {
-    {0, 4, 1, 7},     /* alarm enable mask */
-    {4, 2, 1, 5},     /* word 0 */
-    {6, 2, 1, 50},    /* word 1 */
-    {10, 2, 1, 5},    /* word 3 */
-    {12, 2, 1, 20},   /* word 4 */
-    {16, 2, 1, 5},    /* word 6 */
-    {18, 2, 1, 20},   /* word 7 */
-    {22, 2, 1, 50},   /* word 9 */
-    {24, 2, 1, 20},   /* word 10 */
-    {26, 2, 1, 1500}, /* word 11 */
-    {28, 2, 1, 20},   /* word 12 */
-    {30, 2, 1, 100},  /* word 13 */
-    {32, 2, 1, 500},  /* word 14 */
-    {34, 2, 1, 20},   /* word 15 */
-    {36, 2, 1, 100},  /* word 16 */
-    {38, 2, 1, 500},  /* word 17 */
-    {40, 2, 1, 20},   /* word 18 */
-    {42, 2, 1, 100},  /* word 19 */
-    {44, 2, 1, 1500}, /* word 20 */
+constexpr FieldDefault kIntenseValues[] = {
+    BB_NUM(Intense, uiAlarmEnable, 7),
+    BB_ITEM(Intense, ausThreshold, 0, 5),    BB_ITEM(Intense, ausThreshold, 1, 50),
+    BB_ITEM(Intense, ausThreshold, 3, 5),    BB_ITEM(Intense, ausThreshold, 4, 20),
+    BB_ITEM(Intense, ausThreshold, 6, 5),    BB_ITEM(Intense, ausThreshold, 7, 20),
+    BB_ITEM(Intense, ausThreshold, 9, 50),   BB_ITEM(Intense, ausThreshold, 10, 20),
+    BB_ITEM(Intense, ausThreshold, 11, 1500), BB_ITEM(Intense, ausThreshold, 12, 20),
+    BB_ITEM(Intense, ausThreshold, 13, 100), BB_ITEM(Intense, ausThreshold, 14, 500),
+    BB_ITEM(Intense, ausThreshold, 15, 20),  BB_ITEM(Intense, ausThreshold, 16, 100),
+    BB_ITEM(Intense, ausThreshold, 17, 500), BB_ITEM(Intense, ausThreshold, 18, 20),
+    BB_ITEM(Intense, ausThreshold, 19, 100), BB_ITEM(Intense, ausThreshold, 20, 1500),
 };
-constexpr DefaultTable kIntenseDefaults = rows_of(kIntenseRuns);
-static_assert(defaults_extent(kIntenseDefaults) == 46, "the intense-driving defaults end at word 20");
+constexpr Defaults kIntenseDefaults = defaults_of(kIntenseValues);
+static_assert(defaults_fit(kIntenseDefaults, sizeof(Intense)), "the intense-driving defaults fit the block");
 
 /* --- Load and size ---------------------------------------------------------- */
 
-constexpr WireField kLoadFields[] = {
-    {0, 0, 2, 2, false},   /* values A, B */
-    {4, 4, 4, 2, false},   /* values C, D */
-    {12, 12, 1, 2, false}, /* settings E, F */
-    {14, 14, 2, 2, false}, /* values G, H */
+/* Neither block is judged by its length on a set: the set converts, then
+ * reports and returns the length it was given.  The load record keeps a
+ * word of its own behind the 18 wire bytes, cleared by every set. */
+constexpr WireField kLoadRows[] = {
+    {0, 0, 2, 2, kAlways},      /* values A, B */
+    {4, 4, 4, 2, kAlways},      /* values C, D */
+    {12, 12, 1, 2, kAlways},    /* settings E, F */
+    {14, 14, 2, 2, kAlways},    /* values G, H */
+    {0, 18, 2, 1, kLocalOnly},  /* the record's own word */
 };
-constexpr WireTable kLoad = rows_of(kLoadFields);
-constexpr int kLoadWireLen = 18;
-constexpr int kLoadLocalLen = sizeof(tagBB_PARAM_OVERLOAD_SUBIAO_ST);
-static_assert(wire_extent(kLoad) == kLoadWireLen && offsetof(tagBB_PARAM_OVERLOAD_SUBIAO_ST, usLocal) == 18,
-              "18 wire bytes, then the local-only word");
 
-constexpr WireField kSizeFields[] = {
-    {0, 0, 2, 2, false}, /* size values A, B */
+constexpr WireField kSizeRows[] = {
+    {0, 0, 2, 2, kAlways}, /* size values A, B */
 };
-constexpr WireTable kSize = rows_of(kSizeFields);
-constexpr int kSizeLen = sizeof(tagBB_PARAM_OVERSIZE_SUBIAO_ST);
-static_assert(wire_extent(kSize) == kSizeLen, "two words");
 
-/* The set dumps as many record bytes as the caller announced, but never
- * past the record. */
-int dump_announced(const unsigned char* local, unsigned char len, int record_len) {
-    hex_dump(local, len < record_len ? len : record_len);
-    return len;
+constexpr Direction sensor_set(int len, const char* title) {
+    return Direction{len, Check::None, nullptr, {kQuietWire, kQuietRecord}, Image::Direct, kSilent, kSilent,
+                     Report{title, Num::Given, Num::LocalLen, Bytes::Record, Num::Given}, Num::Given};
 }
+constexpr Direction sensor_get(int len, Report before, const char* title) {
+    return Direction{len, Check::First, "(BufLen >= SuBiaoLen)", {{Ptr::Wire, "(pinDst != NULL)"}, kQuietRecord},
+                     Image::Direct, kSilent, before, Report{title, Num::Len, Num::LocalLen, Bytes::Wire, Num::Len},
+                     Num::Len};
+}
+
+constexpr BlockCodec kLoad{{rows_of(kLoadRows)},
+                           sizeof(Load),
+                           sensor_set(18, "load sensor param After Set:%d/%d ..\n"),
+                           sensor_get(18, Report{"load sensor param Before Get:", Num::Zero, Num::Zero, Bytes::Record, Num::Len},
+                                      "load sensor param After Get len:%d/%d \n")};
+constexpr BlockCodec kSize{{rows_of(kSizeRows)},
+                           sizeof(Size),
+                           sensor_set(4, "load size param After Set:%d/%d ..\n"),
+                           sensor_get(4, kSilent, "size param After Get len:%d/%d ..\n")};
+static_assert(codec_wire_extent(kLoad) == 18 && codec_fits(kLoad), "18 wire bytes, then the record's own word");
+static_assert(codec_covers(kSize), "two words");
 
 }  // namespace
 }  // namespace bbconf
 
-using bbconf::bytes_of;
+using bbconf::block_get;
+using bbconf::block_set;
+using bbconf::init_block;
 
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_TPMS_SUBIAO_ST, bbconf::kTpmsForm)
+// clang-format off
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Tpms* local) { return block_set(bbconf::kTpms, __func__, wire, len, local); }
+int CMN_LStruct2B(Tpms* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kTpms, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Intense* local) { return block_set(bbconf::kIntense, __func__, wire, len, local); }
+int CMN_LStruct2B(Intense* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kIntense, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Load* local) { return block_set(bbconf::kLoad, __func__, wire, len, local); }
+int CMN_LStruct2B(Load* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kLoad, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Size* local) { return block_set(bbconf::kSize, __func__, wire, len, local); }
+int CMN_LStruct2B(Size* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSize, __func__, local, wire, buflen); }
 
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST, bbconf::kIntenseForm)
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERLOAD_SUBIAO_ST* local) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::wire_to_local(bbconf::kLoad, wire, bytes_of(local));
-    local->usLocal = 0;
-    BB_INF("load sensor param After Set:%d/%d ..\n", len, bbconf::kLoadLocalLen);
-    return bbconf::dump_announced(bytes_of(local), len, bbconf::kLoadLocalLen);
-}
-
-int CMN_LStruct2B(tagBB_PARAM_OVERLOAD_SUBIAO_ST* local, unsigned char* pinDst, unsigned int BufLen) {
-    const unsigned int SuBiaoLen = bbconf::kLoadWireLen;
-    BB_CHECK((BufLen >= SuBiaoLen), 0);
-    BB_CHECK((pinDst != NULL), 0);
-    if (local == NULL) {
-        return 0;
-    }
-    BB_INF("load sensor param Before Get:");
-    bbconf::hex_dump(bytes_of(local), bbconf::kLoadWireLen);
-    bbconf::local_to_wire(bbconf::kLoad, bytes_of(local), pinDst);
-    BB_INF("load sensor param After Get len:%d/%d \n", bbconf::kLoadWireLen, bbconf::kLoadLocalLen);
-    bbconf::hex_dump(pinDst, bbconf::kLoadWireLen);
-    return bbconf::kLoadWireLen;
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagBB_PARAM_OVERSIZE_SUBIAO_ST* local) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::wire_to_local(bbconf::kSize, wire, bytes_of(local));
-    BB_INF("load size param After Set:%d/%d ..\n", len, bbconf::kSizeLen);
-    return bbconf::dump_announced(bytes_of(local), len, bbconf::kSizeLen);
-}
-
-int CMN_LStruct2B(tagBB_PARAM_OVERSIZE_SUBIAO_ST* local, unsigned char* pinDst, unsigned int BufLen) {
-    const unsigned int SuBiaoLen = bbconf::kSizeLen;
-    BB_CHECK((BufLen >= SuBiaoLen), 0);
-    BB_CHECK((pinDst != NULL), 0);
-    if (local == NULL) {
-        return 0;
-    }
-    bbconf::local_to_wire(bbconf::kSize, bytes_of(local), pinDst);
-    BB_INF("size param After Get len:%d/%d ..\n", bbconf::kSizeLen, bbconf::kSizeLen);
-    bbconf::hex_dump(pinDst, bbconf::kSizeLen);
-    return bbconf::kSizeLen;
-}
-
-/* Initialisers: -1 after the assert line on a null record, otherwise the
- * result of the closing line. */
-int __InitSubiaoTpmsParam(tagBB_PARAM_TPMS_SUBIAO_ST* pstSubiaoTpms) {
-    BB_CHECK(NULL != pstSubiaoTpms, -1);
-    memcpy(pstSubiaoTpms->szTyreSpec, bbconf::kTyreSpecDefault, sizeof bbconf::kTyreSpecDefault);
-    bbconf::put_defaults(bbconf::kTpmsDefaults, bytes_of(pstSubiaoTpms));
-    return BB_WAR("Param Inited!\n");
-}
-
-int __InitSubiaoBsdParam(tagBB_PARAM_BSD_SUBIAO_ST* pstSubiaoBsd) {
-    BB_CHECK(NULL != pstSubiaoBsd, -1);
-    bbconf::put_defaults(bbconf::kBsdDefaults, bytes_of(pstSubiaoBsd));
-    return BB_WAR("Param Inited!\n");
-}
-
-int __InitSubiaoIntenseDriveParam(tagBB_PARAM_INTENSE_DRIVING_SUBIAO_ST* pstSubiaoIntense) {
-    BB_CHECK(NULL != pstSubiaoIntense, -1);
-    bbconf::put_defaults(bbconf::kIntenseDefaults, bytes_of(pstSubiaoIntense));
-    return BB_WAR("Param Intense Drive!\n");
-}
+int __InitSubiaoTpmsParam(Tpms* pstSubiaoTpms) { return init_block(__func__, "NULL != pstSubiaoTpms", pstSubiaoTpms, bbconf::kTpmsDefaults); }
+int __InitSubiaoBsdParam(Bsd* pstSubiaoBsd) { return init_block(__func__, "NULL != pstSubiaoBsd", pstSubiaoBsd, bbconf::kBsdDefaults); }
+int __InitSubiaoIntenseDriveParam(Intense* pstSubiaoIntense) { return init_block(__func__, "NULL != pstSubiaoIntense", pstSubiaoIntense, bbconf::kIntenseDefaults, "Param Intense Drive!\n"); }
+// clang-format on

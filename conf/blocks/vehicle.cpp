@@ -15,262 +15,215 @@
 #include "common/byteorder.h"
 #include "common/hexdump.h"
 #include "common/log.h"
-#include "conf/blocks/fixed_form.h"
-#include "conf/blocks/wire.h"
+#include "conf/blocks/codec.h"
+#include "conf/field_defaults.h"
+
+using ZtAlarm = tagBB_PARAM_ZT_ALARM_ST;
+using Rs485 = _tagBB_PARAM_485AllDataFA_ST;
+using DpxAdas = BB_DPX_ADAS_PARM_ST;
+using DpxDsm = BB_DPX_DSM_PARAM_ST;
+using AlarmMedia = tagBB_ALARM_VIDEO_PHOTO_ST;
+using Pump = _PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST;
 
 namespace bbconf {
 namespace {
 
 /* --- Muck truck ---------------------------------------------------------- */
 
-constexpr WireField kZhatuFields[] = {
-    {0, 0, 1, 3, true},    /* alarm speed, volume, photo strategy */
-    {3, 3, 2, 2, true},    /* timed and distance photo intervals */
-    {7, 7, 1, 4, true},    /* photo count and interval, photo and video resolution */
-    {11, 11, 4, 2, true},  /* alarm and event enable masks */
-    {19, 19, 1, 23, true}, /* per-alarm settings */
+constexpr WireField kZtAlarmRows[] = {
+    {19, 19, 1, 23, kKeep}, /* per-alarm settings, behind the general settings */
 };
 
-constexpr FixedForm kZhatuForm = {
-    rows_of(kZhatuFields), sizeof(tagBB_PARAM_ZT_ALARM_ST),
-    "ZhatuAlarm After Set:", "ZhatuAlarm Before Get:", "ZhatuAlarm After Get:", false, nullptr};
-static_assert(covers_block(kZhatuForm), "the muck-truck table covers 42 bytes");
+constexpr BlockCodec kZtAlarm = checked_block(kGeneralSettings, rows_of(kZtAlarmRows), sizeof(ZtAlarm),
+                                              "ZhatuAlarm After Set:", "ZhatuAlarm Before Get:",
+                                              "ZhatuAlarm After Get:");
+static_assert(codec_covers(kZtAlarm), "the muck-truck table covers 42 bytes");
 
 /* Every byte of the block is named, zeros included. */
-constexpr DefaultRun kZhatuRuns[] = {
-    {0, 1, 1, 30},  /* alarm speed */
-    {1, 1, 1, 6},   /* volume */
-    {2, 1, 1, 0},   /* photo strategy */
-    {3, 2, 1, 60},  /* timed photo interval */
-    {5, 2, 1, 200}, /* distance photo interval */
-    {7, 1, 1, 3},   /* photo count */
-    {8, 1, 1, 2},   /* photo interval */
-    {9, 1, 2, 1},   /* photo and video resolution */
-    {11, 4, 1, 63}, /* alarm enable mask */
-    {15, 4, 1, 1},  /* event enable mask */
-    {19, 1, 1, 50},
-    {20, 1, 1, 5}, {21, 1, 1, 3}, {22, 1, 1, 2},
-    {23, 1, 1, 5}, {24, 1, 1, 3}, {25, 1, 1, 2},
-    {26, 1, 1, 30},
-    {27, 1, 1, 5}, {28, 1, 1, 3}, {29, 1, 1, 2},
-    {30, 1, 12, 0}, /* reserved */
+constexpr FieldDefault kZtAlarmValues[] = {
+    BB_NUM(ZtAlarm, ucAlarmSpeed, 30),
+    BB_NUM(ZtAlarm, ucVolume, 6),
+    BB_NUM(ZtAlarm, ucPhotoStrategy, 0),
+    BB_NUM(ZtAlarm, usTimedPhotoItv, 60),
+    BB_NUM(ZtAlarm, usDistPhotoItv, 200),
+    BB_NUM(ZtAlarm, ucPhotoNum, 3),
+    BB_NUM(ZtAlarm, ucPhotoItv, 2),
+    BB_NUM(ZtAlarm, ucPhotoResolution, 1),
+    BB_NUM(ZtAlarm, ucVideoResolution, 1),
+    BB_NUM(ZtAlarm, uiAlarmEnable, 63),
+    BB_NUM(ZtAlarm, uiEventEnable, 1),
+    BB_RUN(ZtAlarm, aucParam, 0, 11, "\x32\x05\x03\x02\x05\x03\x02\x1e\x05\x03\x02"), /* 50, (5, 3, 2) x 2, 30, (5, 3, 2) */
+    BB_RUN(ZtAlarm, aucParam, 11, 12, "\0"), /* reserved */
 };
-constexpr DefaultTable kZhatuDefaults = rows_of(kZhatuRuns);
-static_assert(defaults_extent(kZhatuDefaults) == sizeof(tagBB_PARAM_ZT_ALARM_ST),
-              "the muck-truck defaults cover the block");
+constexpr Defaults kZtAlarmDefaults = defaults_of(kZtAlarmValues);
+static_assert(defaults_extent(kZtAlarmDefaults) == sizeof(ZtAlarm), "the muck-truck defaults cover the block");
 
 /* --- RS485 inquiry --------------------------------------------------------- */
 
 /* The leading 20 bytes; the rest of the block keeps what it holds. */
-constexpr unsigned char kRs485Head[] = {
-    4, 0, 0, 0,
-    'A', 2, 10, 2,
-    'B', 2, 8, 2,
-    128, 2, 6, 6,
-    'Q', 2, 4, 12,
+constexpr FieldDefault kRs485Values[] = {
+    BB_RUN(Rs485, aucData, 0, 20, "\x04\x00\x00\x00" "A\x02\x0a\x02" "B\x02\x08\x02" "\x80\x02\x06\x06" "Q\x02\x04\x0c"),
 };
-static_assert(sizeof kRs485Head == 20, "20 leading bytes");
+constexpr Defaults kRs485Defaults = defaults_of(kRs485Values);
 
 /* --- DPX modules ----------------------------------------------------------- */
 
+/* Both DPX codecs convert before they look at a length and leave the bytes
+ * of the wire form they do not carry alone. */
+constexpr Direction dpx(int len, Check check, const char* check_text) {
+    return Direction{len, check, check_text, {kQuietWire, kQuietRecord}, Image::Direct, kSilent, kSilent, kSilent,
+                     Num::Len};
+}
+
 /* The ADAS form is 16 bytes long, of which the first ten carry settings. */
-constexpr WireField kDpxAdasFields[] = {
-    {0, 0, 4, 1, false}, /* enable mask */
-    {4, 4, 1, 6, false}, /* settings */
+constexpr WireField kDpxAdasRows[] = {
+    {0, 0, 4, 1, kAlways}, /* enable mask */
+    {4, 4, 1, 6, kAlways}, /* settings */
 };
-constexpr WireTable kDpxAdas = rows_of(kDpxAdasFields);
-constexpr int kDpxAdasFormLen = 16;
-static_assert(wire_extent(kDpxAdas) == sizeof(BB_DPX_ADAS_PARM_ST), "ten bytes move");
+constexpr BlockCodec kDpxAdas{{rows_of(kDpxAdasRows)}, sizeof(DpxAdas), dpx(16, Check::After, "DataLen == Cnt"), dpx(16, Check::After, "BufLen >= Cnt")};
+static_assert(codec_wire_extent(kDpxAdas) == sizeof(DpxAdas) && codec_fits(kDpxAdas), "ten bytes move");
 
-constexpr DefaultRun kDpxAdasRuns[] = {
-    {0, 4, 1, 31}, /* enable mask */
-    {4, 1, 1, 27},
-    {5, 1, 1, 6},
-    {6, 1, 4, 15},
+constexpr FieldDefault kDpxAdasValues[] = {
+    BB_NUM(DpxAdas, uiEnable, 31),
+    BB_BYTES(DpxAdas, aucParam, "\x1b\x06\x0f\x0f\x0f\x0f"), /* 27, 6, 15, 15, 15, 15 */
 };
-constexpr DefaultTable kDpxAdasDefaults = rows_of(kDpxAdasRuns);
-static_assert(defaults_extent(kDpxAdasDefaults) == sizeof(BB_DPX_ADAS_PARM_ST), "whole record");
+constexpr Defaults kDpxAdasDefaults = defaults_of(kDpxAdasValues);
 
-/* The DSM form moves 25 bytes; a set reports 31, a get needs and reports
- * 32, as the module counts them. */
-constexpr WireField kDpxDsmFields[] = {
-    {0, 0, 4, 1, false},  /* enable mask */
-    {4, 4, 1, 21, false}, /* settings */
+/* The DSM form moves 25 bytes; a set reports 31 without a length test, a
+ * get needs and reports 32, as the module counts them. */
+constexpr WireField kDpxDsmRows[] = {
+    {0, 0, 4, 1, kAlways},  /* enable mask */
+    {4, 4, 1, 21, kAlways}, /* settings */
 };
-constexpr WireTable kDpxDsm = rows_of(kDpxDsmFields);
-constexpr int kDpxDsmSetLen = 31;
-constexpr int kDpxDsmGetLen = 32;
-static_assert(wire_extent(kDpxDsm) == sizeof(BB_DPX_DSM_PARAM_ST), "25 bytes move");
+constexpr BlockCodec kDpxDsm{{rows_of(kDpxDsmRows)}, sizeof(DpxDsm), dpx(31, Check::None, nullptr), dpx(32, Check::After, "BufLen >= Cnt")};
+static_assert(codec_wire_extent(kDpxDsm) == sizeof(DpxDsm) && codec_fits(kDpxDsm), "25 bytes move");
 
-/* The last setting (offset 24) is not written. */
-constexpr DefaultRun kDpxDsmRuns[] = {
-    {0, 4, 1, 31}, /* enable mask */
-    {4, 1, 5, 20},
-    {9, 1, 1, 10},
-    {10, 1, 14, 15},
+/* The last setting is not written. */
+constexpr FieldDefault kDpxDsmValues[] = {
+    BB_NUM(DpxDsm, uiEnable, 31),
+    BB_RUN(DpxDsm, aucParam, 0, 5, "\x14"),  /* 20 */
+    BB_ITEM(DpxDsm, aucParam, 5, 10),
+    BB_RUN(DpxDsm, aucParam, 6, 14, "\x0f"), /* 15 */
 };
-constexpr DefaultTable kDpxDsmDefaults = rows_of(kDpxDsmRuns);
-static_assert(defaults_extent(kDpxDsmDefaults) == 24, "offset 24 is left alone");
-
-/* --- Alarm video/photo ------------------------------------------------------ */
-
-/* Head, length byte, L data bytes, then the u16 right behind the data. */
-constexpr size_t kMediaHeadLen = offsetof(tagBB_ALARM_VIDEO_PHOTO_ST, ucLen);
-constexpr size_t kMediaData = offsetof(tagBB_ALARM_VIDEO_PHOTO_ST, aucData);
-constexpr size_t kMediaTail = offsetof(tagBB_ALARM_VIDEO_PHOTO_ST, usTail);
-constexpr int kMediaOverhead = 7;
+constexpr Defaults kDpxDsmDefaults = defaults_of(kDpxDsmValues);
+static_assert(defaults_extent(kDpxDsmDefaults) == sizeof(DpxDsm) - 1, "the last setting is left alone");
 
 /* --- Pump truck --------------------------------------------------------------- */
 
-constexpr WireField kPumpFields[] = {
-    {0, 0, 1, 3, false},   /* leading bytes */
-    {3, 3, 4, 1, false},   /* value */
-    {7, 7, 1, 26, false},  /* settings */
-    {33, 33, 1, 4, false}, /* tail */
+constexpr WireField kPumpRows[] = {
+    {0, 0, 1, 3, kAlways},   /* leading bytes */
+    {3, 3, 4, 1, kAlways},   /* value */
+    {7, 7, 1, 26, kAlways},  /* settings */
+    {33, 33, 1, 4, kAlways}, /* tail */
 };
-constexpr WireTable kPump = rows_of(kPumpFields);
-constexpr int kPumpLen = sizeof(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST);
-static_assert(wire_extent(kPump) == kPumpLen, "37 bytes");
 
-constexpr size_t kPumpValue = offsetof(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST, uiValue);
-constexpr size_t kPumpFirstSetting = offsetof(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST, ucSetting0);
-constexpr size_t kPumpTail = offsetof(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST, aucTail);
+/* Only the get is a table walk (the set is the stop-at-0xFF walk below);
+ * it returns 0 even on success, as the module expects. */
+constexpr BlockCodec kPump{{rows_of(kPumpRows)},
+                           sizeof(Pump),
+                           Direction{},
+                           Direction{sizeof(Pump), Check::None, nullptr, {kQuietWire, kQuietRecord}, Image::Direct,
+                                     kSilent, kSilent,
+                                     Report{"PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST CMN_LStruct2B Before Get:",
+                                            Num::Zero, Num::Zero, Bytes::Wire, Num::Len},
+                                     Num::Zero}};
+static_assert(codec_covers(kPump), "37 bytes");
+
 constexpr unsigned char kPumpStop = 0xff;
 
 /* Stores wire bytes from position p into record offsets [from, to) until
  * the first 0xFF, which is neither stored nor passed; returns the wire
  * position reached. */
-size_t store_until_stop(const unsigned char* wire, size_t p, unsigned char* rec, size_t from,
-                        size_t to) {
+size_t store_until_stop(const unsigned char* wire, size_t p, unsigned char* rec, size_t from, size_t to) {
     for (size_t off = from; off < to && wire[p] != kPumpStop; off++, p++) {
         rec[off] = wire[p];
     }
     return p;
 }
 
-}  // namespace
-}  // namespace bbconf
-
-using bbconf::bytes_of;
-
-BB_FIXED_FORM_CODECS(CMN_B2LStruct, CMN_LStruct2B, tagBB_PARAM_ZT_ALARM_ST, bbconf::kZhatuForm)
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char DataLen, BB_DPX_ADAS_PARM_ST* local) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::wire_to_local(bbconf::kDpxAdas, wire, bytes_of(local));
-    const int Cnt = bbconf::kDpxAdasFormLen;
-    BB_CHECK(DataLen == Cnt, 0);
-    return Cnt;
-}
-
-int CMN_LStruct2B(BB_DPX_ADAS_PARM_ST* local, unsigned char* wire, unsigned int BufLen) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::local_to_wire(bbconf::kDpxAdas, bytes_of(local), wire);
-    const unsigned int Cnt = bbconf::kDpxAdasFormLen;
-    BB_CHECK(BufLen >= Cnt, 0);
-    return static_cast<int>(Cnt);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char, BB_DPX_DSM_PARAM_ST* local) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::wire_to_local(bbconf::kDpxDsm, wire, bytes_of(local));
-    return bbconf::kDpxDsmSetLen;
-}
-
-int CMN_LStruct2B(BB_DPX_DSM_PARAM_ST* local, unsigned char* wire, unsigned int BufLen) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    bbconf::local_to_wire(bbconf::kDpxDsm, bytes_of(local), wire);
-    const unsigned int Cnt = bbconf::kDpxDsmGetLen;
-    BB_CHECK(BufLen >= Cnt, 0);
-    return static_cast<int>(Cnt);
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char, tagBB_ALARM_VIDEO_PHOTO_ST* local) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    const size_t n = wire[bbconf::kMediaHeadLen];
-    if (n > sizeof local->aucData) {
-        return 0;
-    }
-    unsigned char* rec = bytes_of(local);
-    memcpy(rec, wire, bbconf::kMediaData + n);
-    bbconf::store_ne16(rec + bbconf::kMediaTail, bbconf::load_be16(wire + bbconf::kMediaData + n));
-    return static_cast<int>(n) + bbconf::kMediaOverhead;
-}
-
-int CMN_LStruct2B(tagBB_ALARM_VIDEO_PHOTO_ST* local, unsigned char* wire, unsigned int) {
-    if (wire == NULL || local == NULL) {
-        return 0;
-    }
-    const unsigned char* rec = bytes_of(local);
-    const size_t n = rec[bbconf::kMediaHeadLen];
-    if (n > sizeof local->aucData) {
-        return 0;
-    }
-    memcpy(wire, rec, bbconf::kMediaData + n);
-    bbconf::store_be16(wire + bbconf::kMediaData + n, bbconf::load_ne16(rec + bbconf::kMediaTail));
-    return static_cast<int>(n) + bbconf::kMediaOverhead;
-}
-
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, _PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST* local) {
+/* The pump-truck set: the leading bytes stop at the first 0xFF, which then
+ * opens the value; the settings behind the first one stop at the next
+ * 0xFF, and the tail follows wherever they stopped.  Returns 0. */
+int pump_set(const char* fn, const unsigned char* wire, unsigned char len, Pump* local) {
     if (wire == NULL || local == NULL || len == 0) {
         return 0;
     }
-    BB_INF("PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST CMN_B2LStruct Before Get:");
-    bbconf::hex_dump(wire, len);
+    BB_INF_FN(fn, "PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST CMN_B2LStruct Before Get:");
+    hex_dump(wire, len);
     unsigned char* rec = bytes_of(local);
-    /* The leading bytes stop at the first 0xFF, which then opens the value. */
-    size_t k = bbconf::store_until_stop(wire, 0, rec, 0, bbconf::kPumpValue);
-    bbconf::store_ne32(rec + bbconf::kPumpValue, bbconf::load_be32(wire + k));
-    rec[bbconf::kPumpFirstSetting] = wire[k + 4];
-    size_t p = bbconf::store_until_stop(wire, k + 5, rec, bbconf::kPumpFirstSetting + 1,
-                                        bbconf::kPumpTail);
-    memcpy(rec + bbconf::kPumpTail, wire + p, sizeof local->aucTail);
+    size_t k = store_until_stop(wire, 0, rec, 0, offsetof(Pump, uiValue));
+    local->uiValue = load_be32(wire + k);
+    local->ucSetting0 = wire[k + 4];
+    size_t p = store_until_stop(wire, k + 5, rec, offsetof(Pump, aucSetting), offsetof(Pump, aucTail));
+    memcpy(local->aucTail, wire + p, sizeof local->aucTail);
     return 0;
 }
 
-int CMN_LStruct2B(_PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST* local, unsigned char* wire, unsigned int) {
+/* --- Alarm video/photo ------------------------------------------------------ */
+
+/* Head, length byte L, L data bytes, then the word right behind the data:
+ * L + 7 bytes on the wire.  An L beyond the data area is refused. */
+constexpr int kMediaOverhead = sizeof(AlarmMedia) - BB_ALARM_MEDIA_DATA_MAX;
+
+int media_set(const unsigned char* wire, AlarmMedia* local) {
     if (wire == NULL || local == NULL) {
         return 0;
     }
-    bbconf::local_to_wire(bbconf::kPump, bytes_of(local), wire);
-    BB_INF("PUMP_TRUCK_MONITORING_SYSTEM_PATA_ST CMN_LStruct2B Before Get:");
-    bbconf::hex_dump(wire, bbconf::kPumpLen);
-    return 0;
+    const size_t n = wire[offsetof(AlarmMedia, ucLen)];
+    if (n > sizeof local->aucData) {
+        return 0;
+    }
+    memcpy(bytes_of(local), wire, offsetof(AlarmMedia, aucData) + n);
+    local->usTail = load_be16(wire + offsetof(AlarmMedia, aucData) + n);
+    return static_cast<int>(n) + kMediaOverhead;
 }
 
-/* Initialisers: -1 after the assert line on a null record; otherwise the
- * muck-truck and RS485 ones return the result of their closing line and the
- * DPX ones 0, quietly. */
-int __InitZhatuAlarmParam(tagBB_PARAM_ZT_ALARM_ST* pstZhatuAlarm) {
-    BB_CHECK(NULL != pstZhatuAlarm, -1);
-    bbconf::put_defaults(bbconf::kZhatuDefaults, bytes_of(pstZhatuAlarm));
-    return BB_WAR("Param Inited!\n");
+int media_get(const AlarmMedia* local, unsigned char* wire) {
+    if (wire == NULL || local == NULL) {
+        return 0;
+    }
+    const size_t n = local->ucLen;
+    if (n > sizeof local->aucData) {
+        return 0;
+    }
+    memcpy(wire, local, offsetof(AlarmMedia, aucData) + n);
+    store_be16(wire + offsetof(AlarmMedia, aucData) + n, local->usTail);
+    return static_cast<int>(n) + kMediaOverhead;
 }
 
-int __InitQ8RS485InqureParam(_tagBB_PARAM_485AllDataFA_ST* pstRs485Inqure) {
-    BB_CHECK(NULL != pstRs485Inqure, -1);
-    memcpy(pstRs485Inqure->aucData, bbconf::kRs485Head, sizeof bbconf::kRs485Head);
-    return BB_WAR("Param Inited!\n");
-}
+}  // namespace
+}  // namespace bbconf
 
-int CMN_Init_DPX_ADAS_Setting(BB_DPX_ADAS_PARM_ST* pDpxAdasSet) {
+using bbconf::block_get;
+using bbconf::block_set;
+using bbconf::init_block;
+
+// clang-format off
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, ZtAlarm* local) { return block_set(bbconf::kZtAlarm, __func__, wire, len, local); }
+int CMN_LStruct2B(ZtAlarm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kZtAlarm, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxAdas* local) { return block_set(bbconf::kDpxAdas, __func__, wire, len, local); }
+int CMN_LStruct2B(DpxAdas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kDpxAdas, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxDsm* local) { return block_set(bbconf::kDpxDsm, __func__, wire, len, local); }
+int CMN_LStruct2B(DpxDsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kDpxDsm, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char, AlarmMedia* local) { return bbconf::media_set(wire, local); }
+int CMN_LStruct2B(AlarmMedia* local, unsigned char* wire, unsigned int) { return bbconf::media_get(local, wire); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Pump* local) { return bbconf::pump_set(__func__, wire, len, local); }
+int CMN_LStruct2B(Pump* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kPump, __func__, local, wire, buflen); }
+
+int __InitZhatuAlarmParam(ZtAlarm* pstZhatuAlarm) { return init_block(__func__, "NULL != pstZhatuAlarm", pstZhatuAlarm, bbconf::kZtAlarmDefaults); }
+int __InitQ8RS485InqureParam(Rs485* pstRs485Inqure) { return init_block(__func__, "NULL != pstRs485Inqure", pstRs485Inqure, bbconf::kRs485Defaults); }
+// clang-format on
+
+/* The DPX initialisers keep their own shape: -1 after the assertion line on
+ * a null record, otherwise 0, quietly. */
+int CMN_Init_DPX_ADAS_Setting(DpxAdas* pDpxAdasSet) {
     BB_CHECK(NULL != pDpxAdasSet, -1);
-    bbconf::put_defaults(bbconf::kDpxAdasDefaults, bytes_of(pDpxAdasSet));
+    bbconf::put_field_defaults(bbconf::bytes_of(pDpxAdasSet), bbconf::kDpxAdasDefaults);
     return 0;
 }
 
-int CMN_Init_DPX_DSM_Setting(BB_DPX_DSM_PARAM_ST* pDpxDsmSet) {
+int CMN_Init_DPX_DSM_Setting(DpxDsm* pDpxDsmSet) {
     BB_CHECK(NULL != pDpxDsmSet, -1);
-    bbconf::put_defaults(bbconf::kDpxDsmDefaults, bytes_of(pDpxDsmSet));
+    bbconf::put_field_defaults(bbconf::bytes_of(pDpxDsmSet), bbconf::kDpxDsmDefaults);
     return 0;
 }

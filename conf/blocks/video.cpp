@@ -10,46 +10,58 @@
 #include "bbconf.h"
 #include "common/byteorder.h"
 #include "common/log.h"
-#include "conf/blocks/wire.h"
+#include "conf/blocks/codec.h"
 
 namespace bbconf {
 namespace {
 
-/* Encoding parameters: live stream, storage stream, OSD and audio, every
- * field at the same offset on the wire and in the record. */
-constexpr WireField kAvEncFields[] = {
-    {0, 0, 1, 2, false},   /* live encoding mode, resolution */
-    {2, 2, 2, 1, false},   /* live key-frame interval */
-    {4, 4, 1, 1, false},   /* live frame rate */
-    {5, 5, 4, 1, false},   /* live bit rate */
-    {9, 9, 1, 2, false},   /* storage encoding mode, resolution */
-    {11, 11, 2, 1, false}, /* storage key-frame interval */
-    {13, 13, 1, 1, false}, /* storage frame rate */
-    {14, 14, 4, 1, false}, /* storage bit rate */
-    {18, 18, 2, 1, false}, /* OSD overlay mask */
-    {20, 20, 1, 1, false}, /* audio output */
+/* The live and storage streams and the OSD mask, as both blocks carry them:
+ * from offset 0 of the encoding parameters and from offset 1 of a channel
+ * entry (behind its logical channel number). */
+constexpr WireField kStreamRows[] = {
+    {0, 0, 1, 2, kAlways},   /* live encoding mode, resolution */
+    {2, 2, 2, 1, kAlways},   /* live key-frame interval */
+    {4, 4, 1, 1, kAlways},   /* live frame rate */
+    {5, 5, 4, 1, kAlways},   /* live bit rate */
+    {9, 9, 1, 2, kAlways},   /* storage encoding mode, resolution */
+    {11, 11, 2, 1, kAlways}, /* storage key-frame interval */
+    {13, 13, 1, 1, kAlways}, /* storage frame rate */
+    {14, 14, 4, 1, kAlways}, /* storage bit rate */
+    {18, 18, 2, 1, kAlways}, /* OSD overlay mask */
 };
-constexpr WireTable kAvEnc = rows_of(kAvEncFields);
-constexpr unsigned kAvEncLen = sizeof(tagAV_ENC_PARAM_ST);
-static_assert(wire_extent(kAvEnc) == kAvEncLen && local_extent(kAvEnc) == kAvEncLen,
-              "the encoding form covers the whole record");
+constexpr WireTable kStreams = rows_of(kStreamRows);
 
-/* One channel entry, offsets relative to the entry. */
-constexpr WireField kAvChFields[] = {
-    {0, 0, 1, 3, false},   /* logical channel, live encoding mode, resolution */
-    {3, 3, 2, 1, false},   /* live key-frame interval */
-    {5, 5, 1, 1, false},   /* live frame rate */
-    {6, 6, 4, 1, false},   /* live bit rate */
-    {10, 10, 1, 2, false}, /* storage encoding mode, resolution */
-    {12, 12, 2, 1, false}, /* storage key-frame interval */
-    {14, 14, 1, 1, false}, /* storage frame rate */
-    {15, 15, 4, 1, false}, /* storage bit rate */
-    {19, 19, 2, 1, false}, /* OSD overlay mask */
+constexpr WireField kAudioRows[] = {
+    {20, 20, 1, 1, kAlways}, /* audio output */
 };
-constexpr WireTable kAvCh = rows_of(kAvChFields);
+
+/* Encoding parameters: both directions check their pointers aloud, convert,
+ * and only then judge the length. */
+constexpr int kAvEncLen = sizeof(tagAV_ENC_PARAM_ST);
+constexpr BlockCodec kAvEnc{
+    {kStreams, rows_of(kAudioRows)},
+    kAvEncLen,
+    Direction{kAvEncLen, Check::After, "DataLen == Cnt", {{Ptr::Wire, "NULL != wire"}, {Ptr::Record, "NULL != local"}},
+              Image::Direct, kSilent, kSilent, kSilent, Num::Len},
+    Direction{kAvEncLen, Check::After, "BufLen >= Cnt", {{Ptr::Record, "NULL != local"}, {Ptr::Wire, "NULL != wire"}},
+              Image::Direct, kSilent, kSilent, kSilent, Num::Len}};
+static_assert(codec_covers(kAvEnc), "the encoding form covers the whole record");
+
+/* One channel entry: the logical channel number, then the streams. */
+constexpr unsigned kAvChStreams = offsetof(tagAV_CH_ENC_PARAM_ST, ucRtEncMode);
 constexpr unsigned kAvChLen = sizeof(tagAV_CH_ENC_PARAM_ST);
-static_assert(wire_extent(kAvCh) == kAvChLen && local_extent(kAvCh) == kAvChLen,
-              "the channel form covers the whole entry");
+static_assert(kAvChStreams == 1 && kAvChStreams + wire_extent(kStreams) == kAvChLen,
+              "a channel entry is its number and the streams");
+
+void entry_in(const unsigned char* wire, tagAV_CH_ENC_PARAM_ST* entry) {
+    entry->ucLogicCh = wire[0];
+    wire_to_local(kStreams, wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
+}
+
+void entry_out(const tagAV_CH_ENC_PARAM_ST* entry, unsigned char* wire) {
+    wire[0] = entry->ucLogicCh;
+    local_to_wire(kStreams, reinterpret_cast<const unsigned char*>(entry) + kAvChStreams, wire + kAvChStreams);
+}
 
 /* The count byte heads both forms; entry k follows at 1 + 21k. */
 constexpr unsigned kAvChHead = offsetof(tagAV_INDIVIDUAL_SETTING_ST, astCh);
@@ -60,72 +72,71 @@ static_assert(kAvChHead + kAvChMax * kAvChLen == sizeof(tagAV_INDIVIDUAL_SETTING
 }  // namespace
 }  // namespace bbconf
 
-using bbconf::bytes_of;
 
-unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) {
-    BB_CHECK(NULL != wire, 0);
-    BB_CHECK(NULL != local, 0);
-    const unsigned DataLen = len;
-    const unsigned Cnt = bbconf::kAvEncLen;
-    bbconf::wire_to_local(bbconf::kAvEnc, wire, bytes_of(local));
-    BB_CHECK(DataLen == Cnt, 0);
-    return Cnt;
-}
+// clang-format off
+unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) { return bbconf::block_set(bbconf::kAvEnc, __func__, wire, len, local); }
+int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::block_get(bbconf::kAvEnc, __func__, local, wire, buflen); }
+// clang-format on
 
-int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) {
-    BB_CHECK(NULL != local, 0);
-    BB_CHECK(NULL != wire, 0);
-    const unsigned BufLen = buflen;
-    const unsigned Cnt = bbconf::kAvEncLen;
-    bbconf::local_to_wire(bbconf::kAvEnc, bytes_of(local), wire);
-    BB_CHECK(BufLen >= Cnt, 0);
-    return static_cast<int>(Cnt);
-}
+/* The channel settings are one of the engine's exceptions: the count byte
+ * decides how many entries follow. */
 
-unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_INDIVIDUAL_SETTING_ST* local) {
-    BB_CHECK(NULL != wire, 0);
-    BB_CHECK(NULL != local, 0);
-    const unsigned DataLen = len;
+namespace bbconf {
+namespace {
+
+constexpr char kSetShort[] = "DataLen == Cnt";
+constexpr char kGetShort[] = "BufLen >= Cnt";
+
+unsigned channels_set(const char* fn, const unsigned char* wire, unsigned char len, tagAV_INDIVIDUAL_SETTING_ST* local) {
+    BB_CHECK_FN(fn, NULL != wire, 0);
+    BB_CHECK_FN(fn, NULL != local, 0);
     /* A platform announcing more channels than the record holds gets the
      * first twelve, without a word. */
     unsigned entries = wire[0];
-    if (entries > bbconf::kAvChMax) {
-        entries = bbconf::kAvChMax;
+    if (entries > kAvChMax) {
+        entries = kAvChMax;
     }
     local->ucChNum = static_cast<unsigned char>(entries);
-    unsigned Cnt = bbconf::kAvChHead;
+    unsigned n = kAvChHead;
     for (unsigned k = 0; k < entries; k++) {
-        bbconf::wire_to_local(bbconf::kAvCh, wire + Cnt, bytes_of(&local->astCh[k]));
-        Cnt += bbconf::kAvChLen;
+        entry_in(wire + n, &local->astCh[k]);
+        n += kAvChLen;
     }
-    BB_CHECK(DataLen == Cnt, 0);
-    return Cnt;
+    BB_CHECK_IMPL(fn, len == n, kSetShort, 0);
+    return n;
 }
 
-int CMN_LStruct2B(tagAV_INDIVIDUAL_SETTING_ST* local, unsigned char* wire, unsigned int buflen) {
-    BB_CHECK(NULL != local, 0);
-    BB_CHECK(NULL != wire, 0);
-    const unsigned BufLen = buflen;
+int channels_get(const char* fn, tagAV_INDIVIDUAL_SETTING_ST* local, unsigned char* wire, unsigned int buflen) {
+    BB_CHECK_FN(fn, NULL != local, 0);
+    BB_CHECK_FN(fn, NULL != wire, 0);
     /* The count goes out as the record holds it, even above twelve; the
      * record itself is repaired so that later queries agree with the
      * entries actually sent. */
-    if (BufLen != 0) {
+    if (buflen != 0) {
         wire[0] = local->ucChNum;
     }
-    if (local->ucChNum > bbconf::kAvChMax) {
-        BB_ERR("Need Set AV Num:%d Over:%d\n", local->ucChNum, static_cast<int>(bbconf::kAvChMax));
-        local->ucChNum = static_cast<unsigned char>(bbconf::kAvChMax);
+    if (local->ucChNum > kAvChMax) {
+        BB_ERR_FN(fn, "Need Set AV Num:%d Over:%d\n", local->ucChNum, static_cast<int>(kAvChMax));
+        local->ucChNum = static_cast<unsigned char>(kAvChMax);
     }
-    unsigned Cnt = bbconf::kAvChHead;
+    unsigned n = kAvChHead;
     /* A zero-length buffer has no room even for the count byte. */
-    BB_CHECK(BufLen >= Cnt, 0);
+    BB_CHECK_IMPL(fn, buflen >= n, kGetShort, 0);
     /* Only whole entries go out; a buffer too short for the first one
      * still carries the count byte, which then announces entries it does
      * not hold. */
-    for (unsigned k = 0; k < local->ucChNum && BufLen - Cnt >= bbconf::kAvChLen; k++) {
-        bbconf::local_to_wire(bbconf::kAvCh, bytes_of(&local->astCh[k]), wire + Cnt);
-        Cnt += bbconf::kAvChLen;
+    for (unsigned k = 0; k < local->ucChNum && buflen - n >= kAvChLen; k++) {
+        entry_out(&local->astCh[k], wire + n);
+        n += kAvChLen;
     }
-    BB_CHECK(BufLen >= Cnt, 0);
-    return static_cast<int>(Cnt);
+    BB_CHECK_IMPL(fn, buflen >= n, kGetShort, 0);
+    return static_cast<int>(n);
 }
+
+}  // namespace
+}  // namespace bbconf
+
+// clang-format off
+unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_INDIVIDUAL_SETTING_ST* local) { return bbconf::channels_set(__func__, wire, len, local); }
+int CMN_LStruct2B(tagAV_INDIVIDUAL_SETTING_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::channels_get(__func__, local, wire, buflen); }
+// clang-format on

@@ -1,0 +1,42 @@
+// night_test.cpp - the night-time rule blocks: byte order, dumps, 0xff as
+// plain data, refusals, and the defaults their initialisers write.
+#include <string>
+
+#include "fixed_block_check.h"
+
+namespace {
+
+using bbtest::get_as;
+using bbtest::set_as;
+using fixedblock::Block;
+using Speed = tagBB_PARAM_NIGHT_SPEED_ST;
+using Move = tagBB_PARAM_NIGHT_MOVE_ST;
+using Tired = tagBB_PARAM_NIGHT_TIRED_ST;
+
+const Block kSpeed = {8, {}, {}, set_as<Speed>, get_as<Speed>, "CMN_", "", "", false};
+const Block kMove = {8, {}, {}, set_as<Move>, get_as<Move>, "CMN_", "", "", false};
+const Block kTired = {16, {}, {7, 11}, set_as<Tired>, get_as<Tired>, "CMN_", "", "", false};
+
+TEST(Night, RoundTripWithDumpsAndRefusals) {
+    for (const Block* b : {&kSpeed, &kMove, &kTired}) fixedblock::round_trip(*b);
+}
+
+TEST(Night, AllOnesAreData) {
+    for (const Block* b : {&kSpeed, &kMove, &kTired}) fixedblock::all_ones(*b, {0, "", ""});
+}
+
+// The initialisers write every byte, times in BCD.
+TEST(Night, Defaults) {
+    Speed speed;
+    Move move;
+    Tired tired;
+    __InitNightSpeedLmt(&speed);
+    __InitNightAbnormalMove(&move);
+    __InitNightTiredSetting(&tired);
+    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&speed), 8), "00 50 22 00 00 06 00 00");
+    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&move), 8), "00 02 00 00 05 00 00 00");
+    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&tired), 16),
+              "00 22 00 00 05 00 00 20 1c 00 00 b0 04 00 00 00");
+}
+
+}  // namespace
