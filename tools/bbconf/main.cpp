@@ -121,9 +121,9 @@ nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
     if (!r.ok) {
         e["value"] = nullptr;
         e["error"] = r.error;
-    } else if (is_number(d.kind)) {
+    } else if (is_number(d)) {
         e["value"] = decode_number(r.wire);
-    } else if (is_text(d.kind)) {
+    } else if (is_text(d)) {
         e["value"] = std::string(r.wire.begin(), r.wire.end());
         if (!utf8_valid(r.wire)) e["hex"] = to_hex(r.wire);
     } else {
