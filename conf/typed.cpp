@@ -12,10 +12,9 @@
 #include <string.h>
 
 #include "bbconf.h"
+#include "bbconf_catalogue.h"
 #include "common/byteorder.h"
 #include "common/log.h"
-#include "conf/dict.h"
-#include "conf/params.h"
 
 namespace {
 
@@ -23,20 +22,18 @@ namespace {
  * (the 253-byte channel settings), rounded up. */
 constexpr int kSetRoom = 256;
 
-/* Bytes the set of an ID reads whatever len says, when it is a number;
- * 0 for strings, raw values, blocks and unknown IDs. */
-int number_set_width(int id) {
-    const bbconf::ParamDef* d = bbconf::find_param(bbconf::terminal_dictionary(), id);
-    if (d == nullptr || d->set != bbconf::set_number) {
-        return 0;
-    }
-    return d->limit;
+bbconf::ParamInfo terminal_param(int id) {
+    bbconf::ParamInfo p{};
+    bbconf::find_param(bbconf::RecordKind::Terminal, static_cast<uint32_t>(id), &p);
+    return p;
 }
 
 /* Sets a number of `width` bytes, big-endian, as a wire value of that
- * length; the buffer behind it is zero for codecs that read on. */
+ * length; the buffer behind it is zero for codecs that read on.  A number
+ * ID whose set reads more bytes than the value has is refused. */
 int set_typed(tagBB_CONF_ST* pbbConf, int id, uint32_t value, int width) {
-    if (number_set_width(id) > width) {
+    const bbconf::ParamInfo p = terminal_param(id);
+    if (p.kind == bbconf::ValueKind::Number && p.set_len > width) {
         return -1;
     }
     unsigned char wire[kSetRoom];
@@ -45,8 +42,9 @@ int set_typed(tagBB_CONF_ST* pbbConf, int id, uint32_t value, int width) {
     return CMN_SetParam(pbbConf, id, wire, width);
 }
 
-/* Whether the get of an ID fits a variable of `room` bytes. */
-bool get_fits(int id, int room) { return bbconf::terminal_get_width(id) <= room; }
+/* Whether the get of an ID fits a variable of `room` bytes: the bytes it
+ * writes whatever BufLen says (0 for unknown IDs and bounded gets). */
+bool get_fits(int id, int room) { return terminal_param(id).get_width <= room; }
 
 }  // namespace
 

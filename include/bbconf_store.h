@@ -51,7 +51,7 @@
 #include <stddef.h>
 #include <stdint.h>
 
-#include "bbconf.h"
+#include "bbconf_catalogue.h"
 
 #if defined(BBCONF_STORE_BUILDING)
 #define BBCONF_STORE_API __attribute__((visibility("default")))
@@ -61,19 +61,17 @@
 
 namespace bbconf {
 
-enum class RecordKind : unsigned char { terminal, taxi };
-
 constexpr uint16_t kRecordCrcInit = 0xABCD;
 constexpr size_t kRecordCrcSize = 2;
 
 constexpr size_t record_size(RecordKind kind) {
-    return kind == RecordKind::terminal ? sizeof(tagBB_CONF_ST) : sizeof(tagBBTAXI_CONF_ST);
+    return kind == RecordKind::Terminal ? sizeof(tagBB_CONF_ST) : sizeof(tagBBTAXI_CONF_ST);
 }
 constexpr size_t record_file_size(RecordKind kind) { return record_size(kind) + kRecordCrcSize; }
 
 /* A record of either kind; a load sets the kind from the file size. */
 struct AnyRecord {
-    RecordKind kind = RecordKind::terminal;
+    RecordKind kind = RecordKind::Terminal;
     union {
         tagBB_CONF_ST terminal;
         tagBBTAXI_CONF_ST taxi;
@@ -110,7 +108,7 @@ struct StoreResult {
     const char* note = nullptr;              // a fixed reason where no errno tells it
     uint64_t file_size = 0;                  // bad_size / wrong_kind: the size found
     uint32_t file_mode = 0;                  // permission: the mode of the refused file
-    RecordKind kind = RecordKind::terminal;  // wrong_kind: the kind asked for
+    RecordKind kind = RecordKind::Terminal;  // wrong_kind: the kind asked for
     uint16_t stored_crc = 0;
     uint16_t computed_crc = 0;
 
@@ -161,13 +159,13 @@ template <class Rec>
 struct RecordKindOf;
 template <>
 struct RecordKindOf<tagBB_CONF_ST> {
-    static constexpr RecordKind kind = RecordKind::terminal;
+    static constexpr RecordKind kind = RecordKind::Terminal;
     static constexpr unsigned only = kStoreTerminalOnly;
     static tagBB_CONF_ST& in(AnyRecord& a) { return a.terminal; }
 };
 template <>
 struct RecordKindOf<tagBBTAXI_CONF_ST> {
-    static constexpr RecordKind kind = RecordKind::taxi;
+    static constexpr RecordKind kind = RecordKind::Taxi;
     static constexpr unsigned only = kStoreTaxiOnly;
     static tagBBTAXI_CONF_ST& in(AnyRecord& a) { return a.taxi; }
 };

@@ -89,15 +89,15 @@ bool may_write(const char* path, const struct stat& st) {
 }
 
 StoreStatus size_status(uint64_t size, unsigned flags, RecordKind& kind) {
-    if (size == record_file_size(RecordKind::terminal)) {
-        kind = RecordKind::terminal;
-    } else if (size == record_file_size(RecordKind::taxi)) {
-        kind = RecordKind::taxi;
+    if (size == record_file_size(RecordKind::Terminal)) {
+        kind = RecordKind::Terminal;
+    } else if (size == record_file_size(RecordKind::Taxi)) {
+        kind = RecordKind::Taxi;
     } else {
         return StoreStatus::bad_size;
     }
-    if ((flags & kStoreTerminalOnly) && kind != RecordKind::terminal) return StoreStatus::wrong_kind;
-    if ((flags & kStoreTaxiOnly) && kind != RecordKind::taxi) return StoreStatus::wrong_kind;
+    if ((flags & kStoreTerminalOnly) && kind != RecordKind::Terminal) return StoreStatus::wrong_kind;
+    if ((flags & kStoreTaxiOnly) && kind != RecordKind::Taxi) return StoreStatus::wrong_kind;
     return StoreStatus::ok;
 }
 
@@ -133,13 +133,13 @@ StoreResult read_open_file(int fd, AnyRecord& rec, unsigned flags) {
     struct stat st;
     if (::fstat(fd, &st) != 0) return from_errno(errno, false);
     if (!S_ISREG(st.st_mode)) return fault(StoreStatus::not_regular, 0, false);
-    RecordKind kind = RecordKind::terminal;
+    RecordKind kind = RecordKind::Terminal;
     const uint64_t size = static_cast<uint64_t>(st.st_size);
     const StoreStatus sized = size_status(size, flags, kind);
     if (sized != StoreStatus::ok) {
         StoreResult res = fault(sized, 0, false);
         res.file_size = size;
-        res.kind = (flags & kStoreTaxiOnly) ? RecordKind::taxi : RecordKind::terminal;
+        res.kind = (flags & kStoreTaxiOnly) ? RecordKind::Taxi : RecordKind::Terminal;
         return res;
     }
     static const char kChanged[] = "it changed size while being read";
@@ -251,7 +251,7 @@ StoreResult locked_update(const WritePaths& p, int dir_fd, AnyRecord& rec, Recor
 uint16_t record_crc(const AnyRecord& rec) {
     // The CRC routines take a non-const buffer but only read it.
     unsigned char* p = const_cast<unsigned char*>(rec.bytes());
-    if (rec.kind == RecordKind::terminal) return CMN_Get_CRC_CCITT(kRecordCrcInit, p, BB_CONF_LEN);
+    if (rec.kind == RecordKind::Terminal) return CMN_Get_CRC_CCITT(kRecordCrcInit, p, BB_CONF_LEN);
     return BBTAXI_Get_CRC_CCITT(kRecordCrcInit, p, BBTAXI_CONF_LEN);
 }
 
@@ -296,7 +296,7 @@ StoreResult save_record(const char* path, const AnyRecord& rec) {
 int store_message(const StoreResult& res, const char* path, char* buf, size_t size) {
     const char* verb = res.writing ? "write" : "read";
     const unsigned long long found = res.file_size;
-    const size_t terminal = record_file_size(RecordKind::terminal), taxi = record_file_size(RecordKind::taxi);
+    const size_t terminal = record_file_size(RecordKind::Terminal), taxi = record_file_size(RecordKind::Taxi);
     switch (res.status) {
         case StoreStatus::ok:
             return snprintf(buf, size, "%s: ok", path);
@@ -311,7 +311,7 @@ int store_message(const StoreResult& res, const char* path, char* buf, size_t si
                             path, found, terminal, taxi);
         case StoreStatus::wrong_kind:
             return snprintf(buf, size, "%s: %llu bytes is not a %s record file (%zu bytes)", path, found,
-                            res.kind == RecordKind::terminal ? "terminal" : "taxi", record_file_size(res.kind));
+                            res.kind == RecordKind::Terminal ? "terminal" : "taxi", record_file_size(res.kind));
         case StoreStatus::bad_crc:
             return snprintf(buf, size,
                             "%s: checksum mismatch (stored 0x%04x, computed 0x%04x): the file is damaged or was "

@@ -1,10 +1,10 @@
 /* taxi_dict.cpp - BBTAXI_SetParam / BBTAXI_GetParam: the taxi record's
  * parameter dictionary, and the typed taxi accessors (placeholders).
  *
- * The taxi IDs reuse the terminal dictionary's engine (search, number
- * kinds, text get and the "Not Find" lines); the kinds only the taxi
- * record has are the small set rules below. */
-#include <string.h>
+ * The taxi IDs run on the terminal catalogue's engine (search, rules and
+ * the "Not Find" lines); the rules only the taxi record has are named in
+ * conf/dict.h. */
+#include <stddef.h>
 
 #include "bbconf.h"
 #include "common/byteorder.h"
@@ -14,68 +14,24 @@
 namespace bbconf {
 namespace {
 
-/* --- Set rules of the taxi record. ------------------------------------- */
-
-/* 0x0073, 0x0081, 0x0082: a 16-bit wire value widened into a 4-byte field;
- * the get side reads the field back as a 32-bit value. */
-void set_u16_into_u32(const ParamDef& d, const DictCall& c, unsigned char* src, int) {
-    store_ne32(field(d, c), load_be16(src));
-}
-
-/* 0x001d: the wire carries a big-endian 32-bit value of which only the low
- * byte (wire byte 3) fits the 1-byte field. */
-void set_low_byte_of_u32(const ParamDef& d, const DictCall& c, unsigned char* src, int) {
-    *field(d, c) = src[3];
-}
-
-/* Terminated text of at most limit characters in a field of limit + 1
- * bytes (len above the limit, or negative, stores nothing). */
-void set_text(const ParamDef& d, const DictCall& c, unsigned char* src, int len) {
-    if (static_cast<unsigned>(len) > d.limit) {
-        return;
-    }
-    String_copy(reinterpret_cast<const char*>(src), len, reinterpret_cast<char*>(field(d, c)),
-                d.limit + 1);
-}
-
-/* 0x0094: the limit equals the field width, so a value as long as the
- * field is admitted and its last byte gives way to the terminator. */
-void set_text_admit_full(const ParamDef& d, const DictCall& c, unsigned char* src, int len) {
-    if (static_cast<unsigned>(len) > d.limit) {
-        return;
-    }
-    String_copy(reinterpret_cast<const char*>(src), len, reinterpret_cast<char*>(field(d, c)),
-                d.limit);
-}
-
-/* 0x0077 - 0x0079: the platform may send them; the taxi record has no room. */
-void set_accepted_not_stored(const ParamDef&, const DictCall&, unsigned char*, int) {}
-
-/* --- The table. ---------------------------------------------------------- */
-
-#define OFF(f) static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, f))
-#define ELEM(a, i) \
-    static_cast<uint16_t>(offsetof(tagBBTAXI_CONF_ST, a) + (i) * sizeof(tagBBTAXI_CONF_ST::a[0]))
+#define OFF(f) offsetof(tagBBTAXI_CONF_ST, f)
+#define ELEM(a, i) (offsetof(tagBBTAXI_CONF_ST, a) + (i) * sizeof(tagBBTAXI_CONF_ST::a[0]))
 #define WIDTH(f) sizeof(tagBBTAXI_CONF_ST::f)
 #define ELEM_WIDTH(a) sizeof(tagBBTAXI_CONF_ST::a[0])
 
-constexpr ParamDef U16_IN_U32(int id, uint16_t off) { return {id, off, 4, set_u16_into_u32, get_number, Store::Number}; }
+/* A 16-bit wire value widened into a 4-byte field, read back as 32 bits. */
+constexpr ParamDef U16_IN_U32(uint16_t id, size_t off) { return row(id, off, 4, Rule::U16IntoU32); }
 /* Raw bytes copied without a terminator into a field of width bytes; the
  * set never writes the field's last byte, so the zero the reset left there
  * ends the text that the get reads back. */
-constexpr ParamDef RAW_TEXT(int id, uint16_t off, size_t width) {
-    return {id, off, static_cast<uint16_t>(width - 1), set_raw, get_str, Store::Raw};
-}
-constexpr ParamDef TEXT(int id, uint16_t off, size_t width) {
-    return {id, off, static_cast<uint16_t>(width - 1), set_text, get_str, Store::Text};
-}
-/* Set only, at most limit bytes: the get side answers -1 without a message. */
-constexpr ParamDef SET_ONLY(int id, uint16_t off, uint16_t limit, SetRule s) {
-    return {id, off, limit, s, get_silent, Store::Raw};
-}
+constexpr ParamDef RAW_TEXT(uint16_t id, size_t off, size_t width) { return row(id, off, width - 1, Rule::RawText); }
+/* Terminated text of at most width - 1 bytes. */
+constexpr ParamDef TEXT(uint16_t id, size_t off, size_t width) { return row(id, off, width - 1, Rule::CountedText); }
 /* Neither stored nor read: a set reports "Not Find", a get answers -1
  * without a message. */
-constexpr ParamDef SILENT(int id) { return {id, 0, 0, nullptr, get_silent}; }
+constexpr ParamDef SILENT(uint16_t id) { return row(id, 0, 0, Rule::Silent); }
+/* The platform may send them; the taxi record has no room. */
+constexpr ParamDef IGNORED(uint16_t id) { return row(id, 0, 0, Rule::Ignored); }
 
 constexpr ParamDef kRows[] = {
     /* Link supervision. */
@@ -97,8 +53,8 @@ constexpr ParamDef kRows[] = {
     U32(0x0019, OFF(uiUdpPort)),
     RAW_TEXT(0x001a, OFF(szParam001a), WIDTH(szParam001a)),
     U32(0x001b, OFF(uiParam001b)),
-    SET_ONLY(0x001c, OFF(aucParam001c), static_cast<uint16_t>(WIDTH(aucParam001c) - 1), set_raw),
-    SET_ONLY(0x001d, OFF(ucParam001d), 1, set_low_byte_of_u32),
+    row(0x001c, OFF(aucParam001c), WIDTH(aucParam001c) - 1, Rule::RawSetOnly),
+    row(0x001d, OFF(ucParam001d), 1, Rule::LowByteOfU32),
     /* Reporting strategy, intervals, distances and corner angle. */
     U32(0x0020, ELEM(auiParam0020, 0)),
     U32(0x0021, ELEM(auiParam0020, 1)),
@@ -147,9 +103,9 @@ constexpr ParamDef kRows[] = {
     U32(0x0072, ELEM(auiParam0070, 2)),
     U16_IN_U32(0x0073, ELEM(auiParam0070, 3)),
     U32(0x0074, ELEM(auiParam0070, 4)),
-    SET_ONLY(0x0077, 0, 0, set_accepted_not_stored),
-    SET_ONLY(0x0078, 0, 0, set_accepted_not_stored),
-    SET_ONLY(0x0079, 0, 0, set_accepted_not_stored),
+    IGNORED(0x0077),
+    IGNORED(0x0078),
+    IGNORED(0x0079),
     /* Vehicle: odometer, province and city. */
     U32(0x0080, ELEM(auiParam0080, 0)),
     U16_IN_U32(0x0081, ELEM(auiParam0080, 1)),
@@ -159,7 +115,7 @@ constexpr ParamDef kRows[] = {
     RAW_TEXT(0x0091, OFF(szParam0091), WIDTH(szParam0091)),
     RAW_TEXT(0x0092, OFF(szParam0092), WIDTH(szParam0092)),
     RAW_TEXT(0x0093, OFF(szParam0093), WIDTH(szParam0093)),
-    {0x0094, OFF(szParam0094), WIDTH(szParam0094), set_text_admit_full, get_str, Store::Raw},
+    row(0x0094, OFF(szParam0094), WIDTH(szParam0094), Rule::TextAdmitFull),
     /* Meter and service values. */
     U8(0x00a0, ELEM(aucParam00a0, 0)),
     U8(0x00a1, ELEM(aucParam00a0, 1)),
@@ -199,14 +155,17 @@ static_assert(sorted_unique(kRows), "the taxi dictionary must be sorted by ID");
 static_assert(rows_fit(kRows, sizeof(tagBBTAXI_CONF_ST)), "every taxi field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
-constexpr auto kBuckets = make_buckets(kRows);
-constexpr Dictionary kDict{kRows, kKeys.k, kBuckets.first, static_cast<int>(sizeof kRows / sizeof kRows[0])};
+constexpr Dictionary kDict{kRows, kKeys.k, static_cast<int>(sizeof kRows / sizeof kRows[0]),
+                           sizeof(tagBBTAXI_CONF_ST)};
 
 DictCall call_on(const char* fn, tagBBTAXI_CONF_ST* rec) {
     return DictCall{fn, bytes_of(rec), sizeof(tagBBTAXI_CONF_ST)};
 }
 
 }  // namespace
+
+const Dictionary& taxi_dictionary() { return kDict; }
+
 }  // namespace bbconf
 
 int BBTAXI_SetParam(tagBBTAXI_CONF_ST* pTAXIConf, int ParamId, unsigned char* pStr, int len) {

@@ -73,6 +73,10 @@ void check_regions(const Region (&regions)[N], void (*init)(Rec*), SetFn set, Ge
 
 void terminal_init(tagBB_CONF_ST* rec) { CMN_InitBbConfToDefault(rec); }
 
+// 0x0026: "address:port", the address running on to the record's end when its field holds no terminator, ':', an
+// int of up to 11 characters and the terminator.
+constexpr size_t kEndpointMost = sizeof(tagBB_CONF_ST) - offsetof(tagBB_CONF_ST, szSlaveAddr) + 1 + 11 + 1;
+
 // clang-format off
 #define F(m) offsetof(tagBB_CONF_ST, m), sizeof(tagBB_CONF_ST::m)
 #define N(id, m) {id, F(m), Write::Fixed, sizeof(tagBB_CONF_ST::m), true}
@@ -88,7 +92,7 @@ const Region kTerminal[] = {
     S(0x0015, szBackupUser), S(0x0016, szBackupPwd), S(0x0017, szBackupAddr), N(0x0018, uiTcpPort),
     N(0x0019, uiUdpPort), S(0x001a, szIcMainAddr), N(0x001b, uiIcTcpPort), N(0x001c, uiIcUdpPort),
     S(0x001d, szIcBackupAddr), N(0x0020, uiReportStrategy), N(0x0021, uiReportScheme), N(0x0022, uiReportItvNoDriver),
-    S(0x0023, szSlaveApn), S(0x0024, szSlaveUser), S(0x0025, szSlavePwd), G(0x0026, szSlaveAddr, 80),
+    S(0x0023, szSlaveApn), S(0x0024, szSlaveUser), S(0x0025, szSlavePwd), G(0x0026, szSlaveAddr, kEndpointMost),
     N(0x0027, uiReportItvSleep), N(0x0028, uiReportItvAlarm), N(0x0029, uiReportItvDefault),
     N(0x002c, uiReportDistDefault), N(0x002d, uiReportDistNoDriver), N(0x002e, uiReportDistSleep),
     N(0x002f, uiReportDistAlarm), N(0x0030, uiCornerAngle), N(0x0031, usFenceRadius), S(0x0040, szMonitorPhone),

@@ -78,7 +78,7 @@ TEST_F(Store, LoadNamesEachFault) {
 
 TEST_F(Store, LoadTakesTheKindFromTheSize) {
     for (const auto& [size, kind] :
-         {std::pair{kTerminal, bbconf::RecordKind::terminal}, std::pair{kTaxi, bbconf::RecordKind::taxi}}) {
+         {std::pair{kTerminal, bbconf::RecordKind::Terminal}, std::pair{kTaxi, bbconf::RecordKind::Taxi}}) {
         const std::string bytes = pattern(size, 3);
         spit(path("f"), sealed(bytes));
         AnyRecord rec{};
@@ -92,7 +92,7 @@ TEST_F(Store, LoadTakesTheKindFromTheSize) {
 
 TEST_F(Store, SaveWritesTheFileFormatAndKeepsTheMode) {
     AnyRecord rec{};
-    rec.kind = bbconf::RecordKind::taxi;
+    rec.kind = bbconf::RecordKind::Taxi;
     const std::string bytes = pattern(kTaxi, 4);
     std::memcpy(rec.bytes(), bytes.data(), kTaxi);
     const mode_t mask = ::umask(022);

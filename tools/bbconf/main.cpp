@@ -158,9 +158,9 @@ nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
     if (!r.ok) {
         e["value"] = nullptr;
         e["error"] = r.error;
-    } else if (is_number(d.kind)) {
+    } else if (is_number(d)) {
         e["value"] = decode_number(r.wire);
-    } else if (is_text(d.kind)) {
+    } else if (is_text(d)) {
         e["value"] = std::string(r.wire.begin(), r.wire.end());
         if (!utf8_valid(r.wire)) e["hex"] = to_hex(r.wire);
     } else {
@@ -190,7 +190,7 @@ int cmd_init(const std::string& path, bool taxi, bool force) {
     };
     return update_for("init", path, false, edit,
                       {path + ": factory defaults written (" + record_name(kind) + " record, " +
-                       std::to_string(file_size_of(kind)) + " bytes)"},
+                       std::to_string(bbconf::record_file_size(kind)) + " bytes)"},
                       true, true);
 }
 

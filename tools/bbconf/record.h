@@ -15,18 +15,13 @@
 
 namespace bbtool {
 
-inline size_t file_size_of(RecordKind kind) { return record_size(kind) + bbconf::kRecordCrcSize; }
 
 class Record {
   public:
     explicit Record(RecordKind kind = RecordKind::Terminal) { set_kind(kind); }
 
-    RecordKind kind() const {
-        return mem_.rec.kind == bbconf::RecordKind::terminal ? RecordKind::Terminal : RecordKind::Taxi;
-    }
-    void set_kind(RecordKind kind) {
-        mem_.rec.kind = kind == RecordKind::Terminal ? bbconf::RecordKind::terminal : bbconf::RecordKind::taxi;
-    }
+    RecordKind kind() const { return mem_.rec.kind; }
+    void set_kind(RecordKind kind) { mem_.rec.kind = kind; }
     size_t size() const { return mem_.rec.size(); }
     unsigned char* bytes() { return mem_.rec.bytes(); }
     const unsigned char* bytes() const { return mem_.rec.bytes(); }
