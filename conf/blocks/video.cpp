@@ -74,8 +74,8 @@ static_assert(kAvChHead + kAvChMax * kAvChLen == sizeof(tagAV_INDIVIDUAL_SETTING
 
 
 // clang-format off
-unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) { return bbconf::block_set(bbconf::kAvEnc, __func__, wire, len, local); }
-int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::block_get(bbconf::kAvEnc, __func__, local, wire, buflen); }
+unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) { return bbconf::block_set(bbconf::packed<bbconf::kAvEnc>, __func__, wire, len, local); }
+int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::block_get(bbconf::packed<bbconf::kAvEnc>, __func__, local, wire, buflen); }
 // clang-format on
 
 /* The channel settings are one of the engine's exceptions: the count byte
