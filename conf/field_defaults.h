@@ -11,7 +11,9 @@
  *   BB_RUN(T, array, first, n, pattern) the pattern over n elements from `first`
  *   BB_SPAN(T, first, last, pattern)    the pattern over the members first..last
  * Rows are written in table order, so a later row may overwrite an earlier
- * one; bytes no row names are left as they are. */
+ * one; bytes no row names are left as they are.  A row holds its text or
+ * pattern itself (at most kDefaultChars bytes with the terminator), so a
+ * table of rows holds no pointer and needs no relocation. */
 #ifndef BBCONF_CONF_FIELD_DEFAULTS_H
 #define BBCONF_CONF_FIELD_DEFAULTS_H
 
@@ -30,14 +32,34 @@ enum class Fill : unsigned char {
     Bytes,  /* the pattern's bytes repeated over width bytes */
 };
 
+/* The longest text or pattern of a row, its terminator included: room for
+ * the RS485 inquiry's 20 bytes, and a row of 32 bytes. */
+constexpr size_t kDefaultChars = 22;
+
+struct DefaultChars {
+    char c[kDefaultChars];
+};
+
+/* The characters of a literal (or a constant array) for a row. */
+template <size_t N>
+constexpr DefaultChars chars_of(const char (&s)[N]) {
+    static_assert(N <= kDefaultChars, "a default's text or pattern fits inside its row");
+    DefaultChars d{};
+    for (size_t i = 0; i < N; i++) {
+        d.c[i] = s[i];
+    }
+    return d;
+}
+
 struct FieldDefault {
     uint16_t offset;
     uint16_t width;
     Fill kind;
-    uint32_t value;          /* Number */
-    const char* text;        /* Text: the string; Bytes: the pattern */
-    uint16_t pattern_len;    /* Bytes */
+    uint8_t pattern_len; /* Bytes */
+    DefaultChars text;   /* Text: the string; Bytes: the pattern */
+    uint32_t value;      /* Number */
 };
+static_assert(sizeof(FieldDefault) == 32, "a row is 32 bytes");
 
 /* A table of rows made from a constant array. */
 struct Defaults {
@@ -87,11 +109,11 @@ inline void put_field_defaults(unsigned char* base, const Defaults& t) {
                 store_ne(to, d.width, d.value);
                 break;
             case Fill::Text:
-                copy_bounded(reinterpret_cast<char*>(to), d.text, d.width);
+                copy_bounded(reinterpret_cast<char*>(to), d.text.c, d.width);
                 break;
             case Fill::Bytes:
                 for (unsigned n = 0; n < d.width; n++) {
-                    to[n] = static_cast<unsigned char>(d.text[n % d.pattern_len]);
+                    to[n] = static_cast<unsigned char>(d.text.c[n % d.pattern_len]);
                 }
                 break;
         }
@@ -120,28 +142,31 @@ inline int init_block(const char* fn, const char* null_text, T* rec, const Defau
 
 /* Row builders (member designators need offsetof, hence macros). */
 #define BB_NUM(T, m, v) \
-    bbconf::FieldDefault { static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Number, (v), nullptr, 0 }
-#define BB_ITEM(T, a, i, v)                                                                                \
+    bbconf::FieldDefault { static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Number, 0, {}, (v) }
+#define BB_ITEM(T, a, i, v)                                                                                          \
+    bbconf::FieldDefault {                                                                                           \
+        static_cast<uint16_t>(offsetof(T, a) + (i) * sizeof(T::a[0])), sizeof(T::a[0]), bbconf::Fill::Number, 0, {}, \
+            (v)                                                                                                      \
+    }
+#define BB_TEXT(T, m, s)                                                                                   \
     bbconf::FieldDefault {                                                                                 \
-        static_cast<uint16_t>(offsetof(T, a) + (i) * sizeof(T::a[0])), sizeof(T::a[0]), bbconf::Fill::Number, \
-            (v), nullptr, 0                                                                                \
+        static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Text, 0, bbconf::chars_of(s), 0 \
     }
-#define BB_TEXT(T, m, s) \
-    bbconf::FieldDefault { static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Text, 0, (s), 0 }
-#define BB_BYTES(T, m, p)                                                                               \
-    bbconf::FieldDefault {                                                                              \
-        static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Bytes, 0, (p), sizeof(p) - 1 \
+#define BB_BYTES(T, m, p)                                                                                             \
+    bbconf::FieldDefault {                                                                                            \
+        static_cast<uint16_t>(offsetof(T, m)), sizeof(T::m), bbconf::Fill::Bytes, sizeof(p) - 1, bbconf::chars_of(p), \
+            0                                                                                                         \
     }
-#define BB_RUN(T, a, first, n, p)                                                                             \
-    bbconf::FieldDefault {                                                                                    \
-        static_cast<uint16_t>(offsetof(T, a) + (first) * sizeof(T::a[0])),                                    \
-            static_cast<uint16_t>((n) * sizeof(T::a[0])), bbconf::Fill::Bytes, 0, (p), sizeof(p) - 1          \
+#define BB_RUN(T, a, first, n, p)                                                                                    \
+    bbconf::FieldDefault {                                                                                           \
+        static_cast<uint16_t>(offsetof(T, a) + (first) * sizeof(T::a[0])),                                           \
+            static_cast<uint16_t>((n) * sizeof(T::a[0])), bbconf::Fill::Bytes, sizeof(p) - 1, bbconf::chars_of(p), 0 \
     }
-#define BB_SPAN(T, first, last, p)                                                                            \
-    bbconf::FieldDefault {                                                                                    \
-        static_cast<uint16_t>(offsetof(T, first)),                                                            \
+#define BB_SPAN(T, first, last, p)                                                                                \
+    bbconf::FieldDefault {                                                                                        \
+        static_cast<uint16_t>(offsetof(T, first)),                                                                \
             static_cast<uint16_t>(offsetof(T, last) + sizeof(T::last) - offsetof(T, first)), bbconf::Fill::Bytes, \
-            0, (p), sizeof(p) - 1                                                                             \
+            sizeof(p) - 1, bbconf::chars_of(p), 0                                                                 \
     }
 
 #endif

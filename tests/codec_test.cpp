@@ -40,7 +40,9 @@ constexpr Direction quiet(int len, Check check, const char* text, Image image) {
 // The engine reads a block's packed form; these are packed at run time into
 // room to spare.
 using Packed = bbconf::PackedCodec<4, 128>;
-Packed block(Direction set, Direction get) { return bbconf::pack<4, 128>(BlockCodec{{bbconf::rows_of(kRows)}, 6, set, get}); }
+Packed block(Direction set, Direction get) {
+    return bbconf::pack<4, 128>(BlockCodec{{bbconf::rows_of(kRows)}, 6, set, get});
+}
 
 std::string hx(const Buf& b) { return to_hex(b.data(), b.size()); }
 
@@ -148,6 +150,7 @@ TEST(CodecEngine, ReportsAndResults) {
 // a null text is no text (an empty one is a text), and the rows of all
 // tables follow each other in order.
 constexpr bbconf::WireField kHeadRow[] = {{0, 0, 1, 2, bbconf::kKeep}};
+// clang-format off
 constexpr BlockCodec kTwoTables{
     {bbconf::rows_of(kHeadRow), bbconf::rows_of(kRows)},
     6,
@@ -156,8 +159,10 @@ constexpr BlockCodec kTwoTables{
               Num::Len},
     Direction{4, Check::First, "Len", {{Ptr::Wire, "NULL != wire"}, bbconf::kQuietRecord}, Image::Direct,
               bbconf::kSilent, bbconf::kSilent, bbconf::kSilent, Num::Len}};
+// clang-format on
 static_assert(bbconf::packed_rows(kTwoTables) == 5, "one head row and four rows");
-static_assert(bbconf::packed_text(kTwoTables) == 15 + 13, "two texts, each terminated; the empty one is the end of another");
+static_assert(bbconf::packed_text(kTwoTables) == 15 + 13,
+              "two texts, each terminated; the empty one is the end of another");
 
 TEST(CodecEngine, PackedForm) {
     const auto& p = bbconf::packed<kTwoTables>;

@@ -112,7 +112,8 @@ bool pointers_present(const Call& k) {
 
 /* All rows of the block, shared heads first. */
 WireTable rows(const CodecHead& c) {
-    return WireTable{reinterpret_cast<const WireField*>(reinterpret_cast<const unsigned char*>(&c) + c.rows_at), c.rows};
+    return WireTable{reinterpret_cast<const WireField*>(reinterpret_cast<const unsigned char*>(&c) + c.rows_at),
+                     c.rows};
 }
 
 }  // namespace

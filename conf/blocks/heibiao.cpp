@@ -113,8 +113,8 @@ static_assert(defaults_fit(kDriverIdentifyDefaults, sizeof(DriverIdentify)) &&
 
 using bbconf::block_get;
 using bbconf::block_set;
-using bbconf::packed;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
 int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, DriverIdentify* local) { return block_set(packed<bbconf::kDriverIdentify>, __func__, wire, len, local); }

@@ -78,8 +78,8 @@ static_assert(defaults_extent(kNightSpeedDefaults) == sizeof(NightSpeed) &&
 
 using bbconf::block_get;
 using bbconf::block_set;
-using bbconf::packed;
 using bbconf::bytes_of;
+using bbconf::packed;
 using bbconf::put_field_defaults;
 
 // clang-format off

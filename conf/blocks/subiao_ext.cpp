@@ -150,8 +150,8 @@ static_assert(codec_covers(kSize), "two words");
 
 using bbconf::block_get;
 using bbconf::block_set;
-using bbconf::packed;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Tpms* local) { return block_set(packed<bbconf::kTpms>, __func__, wire, len, local); }

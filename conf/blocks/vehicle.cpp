@@ -196,8 +196,8 @@ int media_get(const AlarmMedia* local, unsigned char* wire) {
 
 using bbconf::block_get;
 using bbconf::block_set;
-using bbconf::packed;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, ZtAlarm* local) { return block_set(packed<bbconf::kZtAlarm>, __func__, wire, len, local); }

@@ -55,12 +55,13 @@ static_assert(kAvChStreams == 1 && kAvChStreams + wire_extent(kStreams) == kAvCh
 
 void entry_in(const unsigned char* wire, tagAV_CH_ENC_PARAM_ST* entry) {
     entry->ucLogicCh = wire[0];
-    wire_to_local(kStreams, wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
+    wire_to_local(rows_of(kStreamRows), wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
 }
 
 void entry_out(const tagAV_CH_ENC_PARAM_ST* entry, unsigned char* wire) {
     wire[0] = entry->ucLogicCh;
-    local_to_wire(kStreams, reinterpret_cast<const unsigned char*>(entry) + kAvChStreams, wire + kAvChStreams);
+    local_to_wire(rows_of(kStreamRows), reinterpret_cast<const unsigned char*>(entry) + kAvChStreams,
+                  wire + kAvChStreams);
 }
 
 /* The count byte heads both forms; entry k follows at 1 + 21k. */

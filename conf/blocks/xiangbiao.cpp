@@ -94,8 +94,8 @@ static_assert(defaults_extent(kCaptureDefaults) == sizeof(DriverCapture), "drive
 
 using bbconf::block_get;
 using bbconf::block_set;
-using bbconf::packed;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Vds* local) { return block_set(packed<bbconf::kVds>, __func__, wire, len, local); }
