@@ -111,7 +111,7 @@ using bbconf::block_set;
 using bbconf::packed;
 
 // clang-format off
-int __InitSubiaoAdasParam(Adas* pstSubiaoAdas) { return bbconf::init_block(__func__, "NULL != pstSubiaoAdas", pstSubiaoAdas, bbconf::kAdasDefaults); }
+int __InitSubiaoAdasParam(Adas* pstSubiaoAdas) { return bbconf::init_block(__func__, "NULL != pstSubiaoAdas", pstSubiaoAdas, bbconf::packed_defaults<bbconf::kAdasDefaults>); }
 int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kSubiaoAdas>, __func__, wire, len, local); }
 int SubiaoAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSubiaoAdas>, __func__, local, wire, buflen); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return SubiaoAdas_B2LStruct(wire, len, local); }

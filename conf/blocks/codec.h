@@ -60,6 +60,7 @@
 #include <stdint.h>
 
 #include "common/byteorder.h"
+#include "conf/packed_text.h"
 
 namespace bbconf {
 
@@ -265,8 +266,6 @@ constexpr WireTable kGeneralSettings = rows_of(kGeneralSettingRows);
  * page.  What the engine reads is therefore a packed copy made at compile
  * time: the rows of all tables one after the other, the texts as offsets
  * into the copy's own characters. */
-constexpr uint16_t kNoText = 0xFFFF; /* a null text: no line */
-
 struct PackedPtrCheck {
     Ptr ptr;
     uint16_t text;
@@ -312,36 +311,6 @@ struct PackedCodec {
 
 namespace pack_detail {
 
-/* The packing pass writes the texts into scratch this long to learn their
- * size; a block whose texts need more fails to compile. */
-constexpr int kTextScratch = 1024;
-
-/* Offset of s among the used characters (an earlier text, or the tail of
- * one, equal to it), appended when there is none. */
-constexpr uint16_t intern(char* pool, int& used, const char* s) {
-    if (s == nullptr) {
-        return kNoText;
-    }
-    int n = 0;
-    while (s[n] != '\0') {
-        n++;
-    }
-    for (int at = 0; at + n < used; at++) {
-        int i = 0;
-        while (i <= n && pool[at + i] == s[i]) {
-            i++;
-        }
-        if (i > n) {
-            return static_cast<uint16_t>(at);
-        }
-    }
-    for (int i = 0; i <= n; i++) {
-        pool[used + i] = s[i];
-    }
-    used += n + 1;
-    return static_cast<uint16_t>(used - n - 1);
-}
-
 constexpr PackedReport pack_report(const Report& r, char* pool, int& used) {
     return PackedReport{intern(pool, used, r.title), r.n1, r.n2, r.bytes, r.count};
 }
@@ -374,8 +343,6 @@ constexpr CodecHead pack_head(const BlockCodec& c, char* pool, int& used) {
     return h;
 }
 
-constexpr int at_least_one(int n) { return n > 0 ? n : 1; }
-
 }  // namespace pack_detail
 
 /* Rows and characters a packed copy of c needs. */
@@ -384,13 +351,13 @@ constexpr int packed_rows(const BlockCodec& c) {
     for (const WireTable& t : c.tables) {
         n += t.count;
     }
-    return pack_detail::at_least_one(n);
+    return at_least_one(n);
 }
 constexpr int packed_text(const BlockCodec& c) {
-    char pool[pack_detail::kTextScratch]{};
+    char pool[kTextScratch]{};
     int used = 0;
     pack_detail::pack_head(c, pool, used);
-    return pack_detail::at_least_one(used);
+    return at_least_one(used);
 }
 
 /* The packed copy of c, into room for R rows and T characters. */

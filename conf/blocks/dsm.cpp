@@ -141,7 +141,7 @@ using bbconf::block_set;
 using bbconf::packed;
 
 // clang-format off
-int __InitSubiaoDsmParam(Dsm* pstSubiaoDsm) { return bbconf::init_block(__func__, "NULL != pstSubiaoDsm", pstSubiaoDsm, bbconf::kDsmDefaults); }
+int __InitSubiaoDsmParam(Dsm* pstSubiaoDsm) { return bbconf::init_block(__func__, "NULL != pstSubiaoDsm", pstSubiaoDsm, bbconf::packed_defaults<bbconf::kDsmDefaults>); }
 int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kSubiaoDsm>, __func__, wire, len, local); }
 int SubiaoDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSubiaoDsm>, __func__, local, wire, buflen); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return SubiaoDsm_B2LStruct(wire, len, local); }

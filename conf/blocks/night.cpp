@@ -91,7 +91,7 @@ int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightTired* local) { r
 int CMN_LStruct2B(NightTired* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kNightTired>, __func__, local, wire, buflen); }
 
 /* The initialisers trust their caller: no pointer test, nothing printed. */
-void __InitNightSpeedLmt(NightSpeed* pstNightSpeedLmt) { put_field_defaults(bytes_of(pstNightSpeedLmt), bbconf::kNightSpeedDefaults); }
-void __InitNightAbnormalMove(NightMove* pstNightAbnormalMove) { put_field_defaults(bytes_of(pstNightAbnormalMove), bbconf::kNightMoveDefaults); }
-void __InitNightTiredSetting(NightTired* pstNightTiredSetting) { put_field_defaults(bytes_of(pstNightTiredSetting), bbconf::kNightTiredDefaults); }
+void __InitNightSpeedLmt(NightSpeed* pstNightSpeedLmt) { put_field_defaults(bytes_of(pstNightSpeedLmt), bbconf::packed_defaults<bbconf::kNightSpeedDefaults>); }
+void __InitNightAbnormalMove(NightMove* pstNightAbnormalMove) { put_field_defaults(bytes_of(pstNightAbnormalMove), bbconf::packed_defaults<bbconf::kNightMoveDefaults>); }
+void __InitNightTiredSetting(NightTired* pstNightTiredSetting) { put_field_defaults(bytes_of(pstNightTiredSetting), bbconf::packed_defaults<bbconf::kNightTiredDefaults>); }
 // clang-format on

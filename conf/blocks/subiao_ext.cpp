@@ -163,7 +163,7 @@ int CMN_LStruct2B(Load* local, unsigned char* wire, unsigned int buflen) { retur
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Size* local) { return block_set(packed<bbconf::kSize>, __func__, wire, len, local); }
 int CMN_LStruct2B(Size* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSize>, __func__, local, wire, buflen); }
 
-int __InitSubiaoTpmsParam(Tpms* pstSubiaoTpms) { return init_block(__func__, "NULL != pstSubiaoTpms", pstSubiaoTpms, bbconf::kTpmsDefaults); }
-int __InitSubiaoBsdParam(Bsd* pstSubiaoBsd) { return init_block(__func__, "NULL != pstSubiaoBsd", pstSubiaoBsd, bbconf::kBsdDefaults); }
-int __InitSubiaoIntenseDriveParam(Intense* pstSubiaoIntense) { return init_block(__func__, "NULL != pstSubiaoIntense", pstSubiaoIntense, bbconf::kIntenseDefaults, "Param Intense Drive!\n"); }
+int __InitSubiaoTpmsParam(Tpms* pstSubiaoTpms) { return init_block(__func__, "NULL != pstSubiaoTpms", pstSubiaoTpms, bbconf::packed_defaults<bbconf::kTpmsDefaults>); }
+int __InitSubiaoBsdParam(Bsd* pstSubiaoBsd) { return init_block(__func__, "NULL != pstSubiaoBsd", pstSubiaoBsd, bbconf::packed_defaults<bbconf::kBsdDefaults>); }
+int __InitSubiaoIntenseDriveParam(Intense* pstSubiaoIntense) { return init_block(__func__, "NULL != pstSubiaoIntense", pstSubiaoIntense, bbconf::packed_defaults<bbconf::kIntenseDefaults>, "Param Intense Drive!\n"); }
 // clang-format on

@@ -103,7 +103,7 @@ int CMN_LStruct2B(Vds* local, unsigned char* wire, unsigned int buflen) { return
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, DriverCapture* local) { return block_set(packed<bbconf::kCapture>, __func__, wire, len, local); }
 int CMN_LStruct2B(DriverCapture* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kCapture>, __func__, local, wire, buflen); }
 
-int __InitXiangbiaoVdsParam(Vds* pstXiangbiaoVds) { return init_block(__func__, "NULL != pstXiangbiaoVds", pstXiangbiaoVds, bbconf::kVdsDefaults); }
-int __InitXiangbiaoDriverCmpParam(DriverCmp* pstXiangbiaoDriverCmp) { return init_block(__func__, "NULL != pstXiangbiaoDriverCmp", pstXiangbiaoDriverCmp, bbconf::kDriverCmpDefaults); }
-int __InitXiangbiaoDriverCaptureParam(DriverCapture* pstXiangbiaoDriverCapt) { return init_block(__func__, "NULL != pstXiangbiaoDriverCapt", pstXiangbiaoDriverCapt, bbconf::kCaptureDefaults); }
+int __InitXiangbiaoVdsParam(Vds* pstXiangbiaoVds) { return init_block(__func__, "NULL != pstXiangbiaoVds", pstXiangbiaoVds, bbconf::packed_defaults<bbconf::kVdsDefaults>); }
+int __InitXiangbiaoDriverCmpParam(DriverCmp* pstXiangbiaoDriverCmp) { return init_block(__func__, "NULL != pstXiangbiaoDriverCmp", pstXiangbiaoDriverCmp, bbconf::packed_defaults<bbconf::kDriverCmpDefaults>); }
+int __InitXiangbiaoDriverCaptureParam(DriverCapture* pstXiangbiaoDriverCapt) { return init_block(__func__, "NULL != pstXiangbiaoDriverCapt", pstXiangbiaoDriverCapt, bbconf::packed_defaults<bbconf::kCaptureDefaults>); }
 // clang-format on
