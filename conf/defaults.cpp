@@ -211,10 +211,10 @@ void write_video_entries(Conf* c) {
         look_up.ucLogicCh = static_cast<unsigned char>(k + 1);
         tagAV_CH_ENC_PARAM_ST& entry = c->stAVIndSetting.astCh[k];
         entry.ucLogicCh = static_cast<unsigned char>(k + 1);
-        put_field_defaults(bytes_of(&entry), kChannelDefaults);
+        put_field_defaults(bytes_of(&entry), packed_defaults<kChannelDefaults>);
     }
     for (tagWAKEUP_PERIOD_ST& period : c->stWakeUpMode.astPeriod) {
-        put_field_defaults(bytes_of(&period), kWakeUpPeriodDefaults);
+        put_field_defaults(bytes_of(&period), packed_defaults<kWakeUpPeriodDefaults>);
     }
 }
 
@@ -247,13 +247,13 @@ void CMN_InitBbConfToDefault(tagBB_CONF_ST* pbbConf) {
     unsigned char* rec = bbconf::bytes_of(pbbConf);
 
     memset(rec, 0, BB_CONF_LEN);
-    bbconf::put_field_defaults(rec, bbconf::kPlainDefaults);
+    bbconf::put_field_defaults(rec, bbconf::packed_defaults<bbconf::kPlainDefaults>);
     bbconf::write_video_entries(pbbConf);
 
     bbconf::init_blocks(pbbConf);
     InitShenZhenPurnoBBParam(pbbConf);
 
-    bbconf::put_field_defaults(rec, bbconf::kVendorDefaults);
+    bbconf::put_field_defaults(rec, bbconf::packed_defaults<bbconf::kVendorDefaults>);
     __InitNightTiredSetting(&pbbConf->stNightTired);
 
     InitKelvoZtBBParam(pbbConf);
@@ -261,7 +261,7 @@ void CMN_InitBbConfToDefault(tagBB_CONF_ST* pbbConf) {
     InitZhaTuBbParam(pbbConf);
     InitGzZtBbParam(pbbConf);
 
-    bbconf::put_field_defaults(rec, bbconf::kLocalDefaults);
+    bbconf::put_field_defaults(rec, bbconf::packed_defaults<bbconf::kLocalDefaults>);
     /* A separate clear of the 32 local bytes behind the local settings. */
     memset(pbbConf->aucLocal2596, 0, sizeof pbbConf->aucLocal2596);
 

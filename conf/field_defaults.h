@@ -11,7 +11,11 @@
  *   BB_RUN(T, array, first, n, pattern) the pattern over n elements from `first`
  *   BB_SPAN(T, first, last, pattern)    the pattern over the members first..last
  * Rows are written in table order, so a later row may overwrite an earlier
- * one; bytes no row names are left as they are. */
+ * one; bytes no row names are left as they are.
+ *
+ * A table is only read while compiling: the code that writes it passes
+ * packed_defaults<kMine>, the same rows with their texts and patterns kept
+ * in the table's own characters, so the table needs no relocation. */
 #ifndef BBCONF_CONF_FIELD_DEFAULTS_H
 #define BBCONF_CONF_FIELD_DEFAULTS_H
 
@@ -21,6 +25,7 @@
 #include "common/byteorder.h"
 #include "common/log.h"
 #include "common/strcopy.h"
+#include "conf/packed_text.h"
 
 namespace bbconf {
 
@@ -34,9 +39,9 @@ struct FieldDefault {
     uint16_t offset;
     uint16_t width;
     Fill kind;
-    uint32_t value;          /* Number */
-    const char* text;        /* Text: the string; Bytes: the pattern */
-    uint16_t pattern_len;    /* Bytes */
+    uint32_t value;      /* Number */
+    const char* text;    /* Text: the string; Bytes: the pattern */
+    uint8_t pattern_len; /* Bytes: at most 255 */
 };
 
 /* A table of rows made from a constant array. */
@@ -78,42 +83,98 @@ constexpr int defaults_extent(const Defaults& t) {
     return end;
 }
 
-inline void put_field_defaults(unsigned char* base, const Defaults& t) {
+/* --- The packed form --------------------------------------------------- */
+
+struct PackedDefault {
+    uint16_t offset;
+    uint16_t width;
+    Fill kind;
+    uint8_t pattern_len;
+    uint16_t text; /* offset among the table's characters */
+    uint32_t value;
+};
+static_assert(sizeof(PackedDefault) == 12, "a packed row is 12 bytes");
+
+/* N rows (a table has at least one) and T characters (at least 1). */
+template <int N, int T>
+struct PackedDefaults {
+    PackedDefault rows[N];
+    char text[T];
+};
+
+namespace pack_detail {
+
+constexpr PackedDefault pack_default(const FieldDefault& d, char* pool, int& used) {
+    const uint16_t text = d.kind == Fill::Text    ? intern(pool, used, d.text)
+                          : d.kind == Fill::Bytes ? intern_bytes(pool, used, d.text, d.pattern_len)
+                                                  : kNoText;
+    return PackedDefault{d.offset, d.width, d.kind, d.pattern_len, text, d.value};
+}
+
+}  // namespace pack_detail
+
+/* Characters the packed form of t needs. */
+constexpr int packed_default_text(const Defaults& t) {
+    char pool[kTextScratch]{};
+    int used = 0;
     for (int i = 0; i < t.count; i++) {
-        const FieldDefault& d = t.rows[i];
+        pack_detail::pack_default(t.rows[i], pool, used);
+    }
+    return at_least_one(used);
+}
+
+template <int N, int T>
+constexpr PackedDefaults<N, T> pack_defaults(const Defaults& t) {
+    PackedDefaults<N, T> p{};
+    int used = 0;
+    for (int i = 0; i < t.count; i++) {
+        p.rows[i] = pack_detail::pack_default(t.rows[i], p.text, used);
+    }
+    return p;
+}
+
+/* The packed form of a defaults table: what the code that writes it reads. */
+template <const Defaults& D>
+constexpr PackedDefaults<D.count, packed_default_text(D)> packed_defaults =
+    pack_defaults<D.count, packed_default_text(D)>(D);
+
+inline void put_packed_defaults(unsigned char* base, const PackedDefault* rows, int count, const char* text) {
+    for (int i = 0; i < count; i++) {
+        const PackedDefault& d = rows[i];
         unsigned char* to = base + d.offset;
         switch (d.kind) {
             case Fill::Number:
                 store_ne(to, d.width, d.value);
                 break;
             case Fill::Text:
-                copy_bounded(reinterpret_cast<char*>(to), d.text, d.width);
+                copy_bounded(reinterpret_cast<char*>(to), text + d.text, d.width);
                 break;
             case Fill::Bytes:
                 for (unsigned n = 0; n < d.width; n++) {
-                    to[n] = static_cast<unsigned char>(d.text[n % d.pattern_len]);
+                    to[n] = static_cast<unsigned char>(text[d.text + n % d.pattern_len]);
                 }
                 break;
         }
     }
 }
 
+/* Writes the rows of t, in order, into the record at base. */
+template <int N, int T>
+inline void put_field_defaults(unsigned char* base, const PackedDefaults<N, T>& t) {
+    put_packed_defaults(base, t.rows, N, t.text);
+}
+
 /* The common shape of a block initialiser: on a null record the assertion
  * line (its printf result is returned); otherwise the defaults and the
  * closing "War" line, whose printf result is returned. */
-inline int init_block(const char* fn, const char* null_text, unsigned char* rec, const Defaults& t,
+template <typename R, int N, int T>
+inline int init_block(const char* fn, const char* null_text, R* rec, const PackedDefaults<N, T>& t,
                       const char* done = "Param Inited!\n") {
     if (rec == nullptr) {
         return BB_ASSERT_LINE_FN(fn, null_text);
     }
-    put_field_defaults(rec, t);
+    put_field_defaults(reinterpret_cast<unsigned char*>(rec), t);
     return BB_WAR_FN(fn, "%s", done);
-}
-
-template <typename T>
-inline int init_block(const char* fn, const char* null_text, T* rec, const Defaults& t,
-                      const char* done = "Param Inited!\n") {
-    return init_block(fn, null_text, reinterpret_cast<unsigned char*>(rec), t, done);
 }
 
 }  // namespace bbconf

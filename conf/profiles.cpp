@@ -41,5 +41,5 @@ void InitKelvoZtShanXiBBParam(tagBB_CONF_ST*) {}
 /* Writes the muck-truck fields, zeros included (the hook may be applied to
  * a configured record); the pointer is not checked. */
 void InitZhaTuBbParam(tagBB_CONF_ST* pbbConf) {
-    bbconf::put_field_defaults(bbconf::bytes_of(pbbConf), bbconf::kZhaTuProfile);
+    bbconf::put_field_defaults(bbconf::bytes_of(pbbConf), bbconf::packed_defaults<bbconf::kZhaTuProfile>);
 }

@@ -73,7 +73,7 @@ void BBTAXI_InitToDefault(tagBBTAXI_CONF_ST* pTAXIConf) {
     BB_CHECK(NULL != pTAXIConf, );
     unsigned char* rec = bbconf::bytes_of(pTAXIConf);
     memset(rec, 0, sizeof(tagBBTAXI_CONF_ST));
-    bbconf::put_field_defaults(rec, bbconf::kTaxiDefaults);
+    bbconf::put_field_defaults(rec, bbconf::packed_defaults<bbconf::kTaxiDefaults>);
     BB_INF("Init TAXI Param Len:%d\n", static_cast<int>(sizeof(tagBBTAXI_CONF_ST)));
 }
 

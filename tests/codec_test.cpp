@@ -37,7 +37,12 @@ constexpr Direction quiet(int len, Check check, const char* text, Image image) {
                      bbconf::kSilent, bbconf::kSilent, Num::Len};
 }
 
-BlockCodec block(Direction set, Direction get) { return BlockCodec{{bbconf::rows_of(kRows)}, 6, set, get}; }
+// The engine reads a block's packed form; these are packed at run time into
+// room to spare.
+using Packed = bbconf::PackedCodec<4, 128>;
+Packed block(Direction set, Direction get) {
+    return bbconf::pack<4, 128>(BlockCodec{{bbconf::rows_of(kRows)}, 6, set, get});
+}
 
 std::string hx(const Buf& b) { return to_hex(b.data(), b.size()); }
 
@@ -54,7 +59,7 @@ TEST(CodecEngine, SetJudgesTheLengthFirstOrAfter) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c.wire);
-        const BlockCodec b = block(quiet(4, c.check, "too short", Image::Direct), quiet(4, Check::None, "", Image::Direct));
+        const Packed b = block(quiet(4, c.check, "too short", Image::Direct), quiet(4, Check::None, "", Image::Direct));
         Buf wire = hex(c.wire), rec = hex("a0 a1 a2 a3 a4 a5");
         int r = -1;
         EXPECT_EQ(output_of([&] { r = bbconf::block_set(b, "fn", wire.data(), static_cast<unsigned char>(c.len), rec.data()); }),
@@ -77,7 +82,7 @@ TEST(CodecEngine, GetImages) {
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(static_cast<int>(c.image));
-        const BlockCodec b = block(quiet(6, Check::None, "", Image::Direct), quiet(6, c.check, "room", c.image));
+        const Packed b = block(quiet(6, Check::None, "", Image::Direct), quiet(6, c.check, "room", c.image));
         Buf rec = hex("01 02 03 04 05 06"), wire(7, 0xee);
         int r = -1;
         const std::string out = output_of([&] { r = bbconf::block_get(b, "fn", rec.data(), wire.data(), c.buflen); });
@@ -94,7 +99,7 @@ TEST(CodecEngine, PointerChecks) {
     Direction loud = quiet(4, Check::None, "", Image::Direct);
     loud.ptrs[0] = {Ptr::Record, "NULL != local"};
     loud.ptrs[1] = {Ptr::Wire, "NULL != wire"};
-    const BlockCodec b = block(quiet(4, Check::First, "len", Image::Direct), loud);
+    const Packed b = block(quiet(4, Check::First, "len", Image::Direct), loud);
     Buf rec(6, 0), wire(4, 0);
     int r = -1;
     EXPECT_EQ(output_of([&] { r = bbconf::block_get(b, "g", static_cast<unsigned char*>(nullptr), nullptr, 4); }),
@@ -118,7 +123,7 @@ TEST(CodecEngine, ReportsAndResults) {
     get.before = Report{"before:", Num::Zero, Num::Zero, bbconf::Bytes::Record, Num::Len};
     get.after = Report{"after %d:", Num::Len, Num::Zero, bbconf::Bytes::InFrontOfWire, Num::Len};
     get.result = Num::Zero;
-    BlockCodec b = block(set, get);
+    Packed b = block(set, get);
 
     Buf mem(256, 0x77), rec(6, 0xa0);
     const Buf block_in = hex("01 02 03 04"), rec_out = hex("01 02 04 03 00 00");
@@ -131,7 +136,7 @@ TEST(CodecEngine, ReportsAndResults) {
     EXPECT_EQ(output_of([&] { r = bbconf::block_set(b, "s", wire, 9, rec.data()); }),
               "Inf [s():N] got 0/9:" + dump_text(wire, 9) + "[ASSERT][s:N]: len\n");
     EXPECT_EQ(r, 0);
-    b.set.check = Check::None;  // a length beyond the record dumps the record only
+    b.head.set.check = Check::None;  // a length beyond the record dumps the record only
     EXPECT_EQ(output_of([&] { r = bbconf::block_set(b, "s", wire, 200, rec.data()); }),
               "Inf [s():N] got 0/200:" + dump_text(wire, 200) + "Inf [s():N] set 200/6:" + dump_text(rec_out.data(), 6));
     EXPECT_EQ(r, 200);
@@ -139,6 +144,48 @@ TEST(CodecEngine, ReportsAndResults) {
               "Inf [g():N] before:" + dump_text(rec_out.data(), 4) + "Inf [g():N] after 4:" + dump_text(mem.data(), 4));
     EXPECT_EQ(r, 0);
     EXPECT_EQ(to_hex(wire, 5), "01 02 03 04 77");
+}
+
+// Packing: texts are kept once, a text that ends another shares its tail,
+// a null text is no text (an empty one is a text), and the rows of all
+// tables follow each other in order.
+constexpr bbconf::WireField kHeadRow[] = {{0, 0, 1, 2, bbconf::kKeep}};
+// clang-format off
+constexpr BlockCodec kTwoTables{
+    {bbconf::rows_of(kHeadRow), bbconf::rows_of(kRows)},
+    6,
+    Direction{4, Check::First, "DataLen == Len", {{Ptr::Wire, "NULL != wire"}, bbconf::kQuietRecord}, Image::Direct,
+              bbconf::kSilent, bbconf::kSilent, Report{"", Num::Zero, Num::Zero, bbconf::Bytes::Record, Num::Len},
+              Num::Len},
+    Direction{4, Check::First, "Len", {{Ptr::Wire, "NULL != wire"}, bbconf::kQuietRecord}, Image::Direct,
+              bbconf::kSilent, bbconf::kSilent, bbconf::kSilent, Num::Len}};
+// clang-format on
+static_assert(bbconf::packed_rows(kTwoTables) == 5, "one head row and four rows");
+static_assert(bbconf::packed_text(kTwoTables) == 15 + 13,
+              "two texts, each terminated; the empty one is the end of another");
+
+TEST(CodecEngine, PackedForm) {
+    const auto& p = bbconf::packed<kTwoTables>;
+    const auto at = [&](uint16_t off) { return std::string(p.text + off); };
+    EXPECT_EQ(at(p.head.set.check_text), "DataLen == Len");
+    EXPECT_EQ(at(p.head.get.check_text), "Len");
+    EXPECT_EQ(p.head.get.check_text, p.head.set.check_text + 11);
+    EXPECT_EQ(p.head.get.ptrs[0].text, p.head.set.ptrs[0].text);
+    EXPECT_EQ(at(p.head.set.ptrs[0].text), "NULL != wire");
+    EXPECT_EQ(p.head.set.ptrs[1].text, bbconf::kNoText);
+    EXPECT_EQ(p.head.set.before.title, bbconf::kNoText);
+    EXPECT_EQ(at(p.head.set.after.title), "");
+    EXPECT_EQ(p.head.rows, 5);
+    EXPECT_EQ(p.rows[0].count, 2);
+    EXPECT_EQ(p.rows[4].rule, bbconf::kLocalOnly);
+
+    Buf wire = hex("11 22 ff ff"), rec = hex("a0 a1 a2 a3 a4 a5");
+    const Buf rec_out = hex("11 22 a2 a3 00 00");
+    int r = -1;
+    EXPECT_EQ(output_of([&] { r = bbconf::block_set(p, "s", wire.data(), 4, rec.data()); }),
+              "Inf [s():N] " + dump_text(rec_out.data(), 4));
+    EXPECT_EQ(r, 4);
+    EXPECT_EQ(to_hex(rec.data(), rec.size()), "11 22 a2 a3 00 00");
 }
 
 }  // namespace

@@ -9,6 +9,7 @@
 #include <string>
 #include <vector>
 
+#include "conf/field_defaults.h"
 #include "test_util.h"
 
 using bbtest::Conf;
@@ -204,6 +205,42 @@ TEST(Defaults, TaxiRecord) {
               "Inf [BBTAXI_InitToDefault():N] Init TAXI Param Len:1037\n"
               "[ASSERT][BBTAXI_InitToDefault:N]: NULL != pTAXIConf\n");
     EXPECT_EQ(to_hex(reinterpret_cast<unsigned char*>(&rec), sizeof rec), to_hex(image(1037, kTaxi).data(), 1037));
+}
+
+// A defaults table as the initialisers read it: texts and patterns packed
+// behind the rows (a pattern's NULs kept, an equal tail shared), each row
+// written over exactly its bytes.
+struct Sample {
+    unsigned char head[2];
+    char name[6];
+    uint16_t word;
+    unsigned char tail[6];
+};
+static_assert(sizeof(Sample) == 16, "no padding");
+// clang-format off
+constexpr bbconf::FieldDefault kSampleRows[] = {
+    BB_BYTES(Sample, head, "\x01\0"),
+    BB_TEXT(Sample, name, "abcdefgh"),
+    BB_NUM(Sample, word, 0x1234),
+    BB_BYTES(Sample, tail, "gh"),
+    BB_RUN(Sample, tail, 3, 2, "\0"),
+};
+// clang-format on
+constexpr bbconf::Defaults kSample = bbconf::defaults_of(kSampleRows);
+// "\x01\0" and "abcdefgh", each terminated; "gh" and "\0" are their tails.
+static_assert(bbconf::packed_default_text(kSample) == 3 + 9, "texts and patterns packed once");
+
+TEST(DefaultsTable, PackedRowsWriteTheirBytesOnly) {
+    const auto& p = bbconf::packed_defaults<kSample>;
+    EXPECT_EQ(p.rows[3].text - p.rows[1].text, 6);
+    EXPECT_EQ(p.rows[4].text, p.rows[0].text + 1);
+    EXPECT_EQ(p.rows[2].text, bbconf::kNoText);
+    Bytes mem(4 + sizeof(Sample) + 4, 0xee);
+    bbconf::put_field_defaults(mem.data() + 4, p);
+    Bytes want = hex("ee ee ee ee 01 00 61 62 63 64 65 00 00 00 67 68 67 00 00 68 ee ee ee ee");
+    const uint16_t word = 0x1234;
+    std::memcpy(want.data() + 4 + offsetof(Sample, word), &word, 2);
+    EXPECT_EQ(to_hex(mem.data(), mem.size()), to_hex(want.data(), want.size()));
 }
 
 }  // namespace

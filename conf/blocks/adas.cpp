@@ -108,19 +108,20 @@ static_assert(defaults_fit(kAdasDefaults, sizeof(Adas)), "ADAS defaults lie insi
 
 using bbconf::block_get;
 using bbconf::block_set;
+using bbconf::packed;
 
 // clang-format off
-int __InitSubiaoAdasParam(Adas* pstSubiaoAdas) { return bbconf::init_block(__func__, "NULL != pstSubiaoAdas", pstSubiaoAdas, bbconf::kAdasDefaults); }
-int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kSubiaoAdas, __func__, wire, len, local); }
-int SubiaoAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSubiaoAdas, __func__, local, wire, buflen); }
+int __InitSubiaoAdasParam(Adas* pstSubiaoAdas) { return bbconf::init_block(__func__, "NULL != pstSubiaoAdas", pstSubiaoAdas, bbconf::packed_defaults<bbconf::kAdasDefaults>); }
+int SubiaoAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kSubiaoAdas>, __func__, wire, len, local); }
+int SubiaoAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSubiaoAdas>, __func__, local, wire, buflen); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return SubiaoAdas_B2LStruct(wire, len, local); }
 int CMN_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return SubiaoAdas_LStruct2B(local, wire, buflen); }
-int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kSiChuanAdas, __func__, wire, len, local); }
-int SiChuan_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSiChuanAdas, __func__, local, wire, buflen); }
-int GuangDongAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kGuangDongAdas, __func__, wire, len, local); }
-int GuangDongAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kGuangDongAdas, __func__, local, wire, buflen); }
-int HunanAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kHunanAdas, __func__, wire, len, local); }
-int HunanAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHunanAdas, __func__, local, wire, buflen); }
-int JiLingAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(bbconf::kJiLingAdas, __func__, wire, len, local); }
-int JiLingAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kJiLingAdas, __func__, local, wire, buflen); }
+int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kSiChuanAdas>, __func__, wire, len, local); }
+int SiChuan_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSiChuanAdas>, __func__, local, wire, buflen); }
+int GuangDongAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kGuangDongAdas>, __func__, wire, len, local); }
+int GuangDongAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kGuangDongAdas>, __func__, local, wire, buflen); }
+int HunanAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kHunanAdas>, __func__, wire, len, local); }
+int HunanAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kHunanAdas>, __func__, local, wire, buflen); }
+int JiLingAdas_B2LStruct(unsigned char* wire, unsigned char len, Adas* local) { return block_set(packed<bbconf::kJiLingAdas>, __func__, wire, len, local); }
+int JiLingAdas_LStruct2B(Adas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kJiLingAdas>, __func__, local, wire, buflen); }
 // clang-format on

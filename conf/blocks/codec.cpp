@@ -9,7 +9,7 @@
 
 namespace bbconf {
 
-void wire_to_local(const WireTable& t, const unsigned char* wire, unsigned char* local) {
+void wire_to_local(WireTable t, const unsigned char* wire, unsigned char* local) {
     for (int i = 0; i < t.count; i++) {
         const WireField& f = t.rows[i];
         for (unsigned n = 0; n < f.count; n++) {
@@ -27,7 +27,7 @@ void wire_to_local(const WireTable& t, const unsigned char* wire, unsigned char*
     }
 }
 
-void local_to_wire(const WireTable& t, const unsigned char* local, unsigned char* wire) {
+void local_to_wire(WireTable t, const unsigned char* local, unsigned char* wire) {
     for (int i = 0; i < t.count; i++) {
         const WireField& f = t.rows[i];
         if (f.rule == Rule::LocalOnly) {
@@ -43,8 +43,8 @@ namespace {
 
 /* One call of a direction: the block, the caller's buffers and number. */
 struct Call {
-    const BlockCodec& c;
-    const Direction& d;
+    const CodecHead& c;
+    const PackedDirection& d;
     const char* fn;
     const unsigned char* record;
     const unsigned char* wire;
@@ -65,12 +65,18 @@ int number(const Call& k, Num n) {
     return 0;
 }
 
-void report(const Call& k, const Report& r) {
-    if (r.title == nullptr) {
+/* The text at offset at of the block's characters; null for none. */
+const char* text_at(const Call& k, uint16_t at) {
+    return at == kNoText ? nullptr : reinterpret_cast<const char*>(&k.c) + k.c.text_at + at;
+}
+
+void report(const Call& k, const PackedReport& r) {
+    const char* title = text_at(k, r.title);
+    if (title == nullptr) {
         return;
     }
     char line[128];
-    snprintf(line, sizeof line, r.title, number(k, r.n1), number(k, r.n2));
+    snprintf(line, sizeof line, title, number(k, r.n1), number(k, r.n2));
     BB_INF_FN(k.fn, "%s", line);
     int count = number(k, r.count);
     switch (r.bytes) {
@@ -88,14 +94,15 @@ void report(const Call& k, const Report& r) {
 
 /* The direction's pointer checks in their order; false when one fails. */
 bool pointers_present(const Call& k) {
-    for (const PtrCheck& p : k.d.ptrs) {
+    for (const PackedPtrCheck& p : k.d.ptrs) {
         if (p.ptr == Ptr::None) {
             continue;
         }
         const unsigned char* v = p.ptr == Ptr::Wire ? k.wire : k.record;
         if (v == nullptr) {
-            if (p.text != nullptr) {
-                BB_ASSERT_LINE_FN(k.fn, p.text);
+            const char* text = text_at(k, p.text);
+            if (text != nullptr) {
+                BB_ASSERT_LINE_FN(k.fn, text);
             }
             return false;
         }
@@ -103,74 +110,70 @@ bool pointers_present(const Call& k) {
     return k.wire != nullptr && k.record != nullptr;
 }
 
-void convert_in(const BlockCodec& c, const unsigned char* wire, unsigned char* local) {
-    for (const WireTable& t : c.tables) {
-        wire_to_local(t, wire, local);
-    }
-}
-
-void convert_out(const BlockCodec& c, const unsigned char* local, unsigned char* wire) {
-    for (const WireTable& t : c.tables) {
-        local_to_wire(t, local, wire);
-    }
+/* All rows of the block, shared heads first. */
+WireTable rows(const CodecHead& c) {
+    return WireTable{reinterpret_cast<const WireField*>(reinterpret_cast<const unsigned char*>(&c) + c.rows_at),
+                     c.rows};
 }
 
 }  // namespace
 
-int block_set_bytes(const BlockCodec& c, const char* fn, const unsigned char* wire, unsigned char len,
+int block_set_bytes(const CodecHead& c, const char* fn, const unsigned char* wire, unsigned char len,
                     unsigned char* local) {
-    const Call k{c, c.set, fn, local, wire, len};
+    const PackedDirection& d = c.set;
+    const Call k{c, d, fn, local, wire, len};
     if (wire != nullptr) {
-        report(k, c.set.arrived);
+        report(k, d.arrived);
     }
-    const bool ok = len == c.set.len;
-    if (c.set.check == Check::First) {
-        BB_CHECK_IMPL(fn, ok, c.set.check_text, 0);
+    const bool ok = len == d.len;
+    if (d.check == Check::First) {
+        BB_CHECK_IMPL(fn, ok, text_at(k, d.check_text), 0);
     }
     if (!pointers_present(k)) {
         return 0;
     }
-    report(k, c.set.before);
-    convert_in(c, wire, local);
-    if (c.set.check == Check::After) {
-        BB_CHECK_IMPL(fn, ok, c.set.check_text, 0);
+    report(k, d.before);
+    wire_to_local(rows(c), wire, local);
+    if (d.check == Check::After) {
+        BB_CHECK_IMPL(fn, ok, text_at(k, d.check_text), 0);
     }
-    report(k, c.set.after);
-    return number(k, c.set.result);
+    report(k, d.after);
+    return number(k, d.result);
 }
 
-int block_get_bytes(const BlockCodec& c, const char* fn, const unsigned char* local, unsigned char* wire,
+int block_get_bytes(const CodecHead& c, const char* fn, const unsigned char* local, unsigned char* wire,
                     unsigned int buflen) {
-    const Call k{c, c.get, fn, local, wire, buflen};
-    const bool ok = buflen >= static_cast<unsigned>(c.get.len);
-    if (c.get.check == Check::First) {
-        BB_CHECK_IMPL(fn, ok, c.get.check_text, 0);
+    const PackedDirection& d = c.get;
+    const Call k{c, d, fn, local, wire, buflen};
+    const bool ok = buflen >= static_cast<unsigned>(d.len);
+    if (d.check == Check::First) {
+        BB_CHECK_IMPL(fn, ok, text_at(k, d.check_text), 0);
     }
     if (!pointers_present(k)) {
         return 0;
     }
-    report(k, c.get.before);
-    switch (c.get.image) {
+    report(k, d.before);
+    switch (d.image) {
         case Image::Cleared:
-            memset(wire, 0, static_cast<size_t>(c.get.len));
-            convert_out(c, local, wire);
+            memset(wire, 0, static_cast<size_t>(d.len));
+            local_to_wire(rows(c), local, wire);
             break;
         case Image::Scratch: {
             unsigned char image[kScratchMax];
             memcpy(image, local, static_cast<size_t>(c.local_len));
-            convert_out(c, local, image);
-            memcpy(wire, image, static_cast<size_t>(c.get.len));
+            local_to_wire(rows(c), local, image);
+            memcpy(wire, image, static_cast<size_t>(d.len));
             break;
         }
         case Image::Direct:
-            convert_out(c, local, wire);
+            local_to_wire(rows(c), local, wire);
             break;
     }
-    if (c.get.check == Check::After) {
-        BB_CHECK_IMPL(fn, ok, c.get.check_text, 0);
+    if (d.check == Check::After) {
+        BB_CHECK_IMPL(fn, ok, text_at(k, d.check_text), 0);
     }
-    report(k, c.get.after);
-    return number(k, c.get.result);
+    report(k, d.after);
+    return number(k, d.result);
 }
 
 }  // namespace bbconf

@@ -9,8 +9,8 @@
  * the set (wire to local) and one for the get (local to wire), and define
  * the two exported functions as one line each:
  *
- *   int CMN_B2LStruct(unsigned char* wire, unsigned char len, T* local) { return block_set(kMine, __func__, wire, len, local); }
- *   int CMN_LStruct2B(T* local, unsigned char* wire, unsigned int buflen) { return block_get(kMine, __func__, local, wire, buflen); }
+ *   int CMN_B2LStruct(unsigned char* wire, unsigned char len, T* local) { return block_set(packed<kMine>, __func__, wire, len, local); }
+ *   int CMN_LStruct2B(T* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<kMine>, __func__, local, wire, buflen); }
  *
  * A Direction says, as data:
  *  - when its length is checked: not at all, first (the block is refused
@@ -36,6 +36,11 @@
  * titles and assertion texts are copied as they are, odd labels included.
  * A dump of the record never reads past it.
  *
+ * The descriptor is only read while compiling: the exported functions pass
+ * packed<kMine>, which holds the rows and the texts inside one constant
+ * object (texts as offsets into its own characters), so a block costs no
+ * relocation and its table lies in the shared read-only pages.
+ *
  * The exceptions
  * --------------
  * Three codecs cannot be written as rows and stay small named functions in
@@ -52,8 +57,10 @@
 #define BBCONF_CONF_BLOCKS_CODEC_H
 
 #include <stddef.h>
+#include <stdint.h>
 
 #include "common/byteorder.h"
+#include "conf/packed_text.h"
 
 namespace bbconf {
 
@@ -109,9 +116,10 @@ constexpr int local_extent(const WireTable& t) {
     return end;
 }
 
-/* The walks themselves, for the exceptions. */
-void wire_to_local(const WireTable& t, const unsigned char* wire, unsigned char* local);
-void local_to_wire(const WireTable& t, const unsigned char* local, unsigned char* wire);
+/* The walks themselves, for the exceptions.  The table is taken by value:
+ * made in code from a constant array, it needs no stored pointer. */
+void wire_to_local(WireTable t, const unsigned char* wire, unsigned char* local);
+void local_to_wire(WireTable t, const unsigned char* local, unsigned char* wire);
 
 /* When a direction compares the length. */
 enum class Check : unsigned char { None, First, After };
@@ -251,22 +259,147 @@ constexpr WireField kGeneralSettingRows[] = {
 };
 constexpr WireTable kGeneralSettings = rows_of(kGeneralSettingRows);
 
-int block_set_bytes(const BlockCodec& c, const char* fn, const unsigned char* wire, unsigned char len,
+/* --- The packed form --------------------------------------------------- */
+
+/* A BlockCodec holds pointers (to its rows and texts), and every pointer in
+ * a constant object of a shared library costs a relocation and a private
+ * page.  What the engine reads is therefore a packed copy made at compile
+ * time: the rows of all tables one after the other, the texts as offsets
+ * into the copy's own characters. */
+struct PackedPtrCheck {
+    Ptr ptr;
+    uint16_t text;
+};
+
+struct PackedReport {
+    uint16_t title;
+    Num n1, n2;
+    Bytes bytes;
+    Num count;
+};
+
+struct PackedDirection {
+    int len;
+    Check check;
+    uint16_t check_text;
+    PackedPtrCheck ptrs[2];
+    Image image;
+    PackedReport arrived;
+    PackedReport before;
+    PackedReport after;
+    Num result;
+};
+
+/* The head of a packed block; the engine finds the rows and characters
+ * behind it by their distance from the head. */
+struct CodecHead {
+    int local_len;
+    int rows;
+    uint16_t rows_at; /* bytes from the head to the first row */
+    uint16_t text_at; /* bytes from the head to the first character */
+    PackedDirection set;
+    PackedDirection get;
+};
+
+/* Head, rows and characters of one block; R and T at least 1. */
+template <int R, int T>
+struct PackedCodec {
+    CodecHead head;
+    WireField rows[R];
+    char text[T];
+};
+
+namespace pack_detail {
+
+constexpr PackedReport pack_report(const Report& r, char* pool, int& used) {
+    return PackedReport{intern(pool, used, r.title), r.n1, r.n2, r.bytes, r.count};
+}
+
+constexpr PackedDirection pack_direction(const Direction& d, char* pool, int& used) {
+    PackedDirection p{};
+    p.len = d.len;
+    p.check = d.check;
+    p.check_text = intern(pool, used, d.check_text);
+    for (int i = 0; i < 2; i++) {
+        p.ptrs[i] = PackedPtrCheck{d.ptrs[i].ptr, intern(pool, used, d.ptrs[i].text)};
+    }
+    p.image = d.image;
+    p.arrived = pack_report(d.arrived, pool, used);
+    p.before = pack_report(d.before, pool, used);
+    p.after = pack_report(d.after, pool, used);
+    p.result = d.result;
+    return p;
+}
+
+/* The head with its texts written into pool; the one packing pass. */
+constexpr CodecHead pack_head(const BlockCodec& c, char* pool, int& used) {
+    CodecHead h{};
+    h.local_len = c.local_len;
+    for (const WireTable& t : c.tables) {
+        h.rows += t.count;
+    }
+    h.set = pack_direction(c.set, pool, used);
+    h.get = pack_direction(c.get, pool, used);
+    return h;
+}
+
+}  // namespace pack_detail
+
+/* Rows and characters a packed copy of c needs. */
+constexpr int packed_rows(const BlockCodec& c) {
+    int n = 0;
+    for (const WireTable& t : c.tables) {
+        n += t.count;
+    }
+    return at_least_one(n);
+}
+constexpr int packed_text(const BlockCodec& c) {
+    char pool[kTextScratch]{};
+    int used = 0;
+    pack_detail::pack_head(c, pool, used);
+    return at_least_one(used);
+}
+
+/* The packed copy of c, into room for R rows and T characters. */
+template <int R, int T>
+constexpr PackedCodec<R, T> pack(const BlockCodec& c) {
+    using Packed = PackedCodec<R, T>;
+    Packed p{};
+    int used = 0;
+    p.head = pack_detail::pack_head(c, p.text, used);
+    p.head.rows_at = offsetof(Packed, rows);
+    p.head.text_at = offsetof(Packed, text);
+    int n = 0;
+    for (const WireTable& t : c.tables) {
+        for (int i = 0; i < t.count; i++) {
+            p.rows[n++] = t.rows[i];
+        }
+    }
+    return p;
+}
+
+/* The packed copy of a block's descriptor: what its exported functions
+ * hand to the engine. */
+template <const BlockCodec& C>
+constexpr PackedCodec<packed_rows(C), packed_text(C)> packed = pack<packed_rows(C), packed_text(C)>(C);
+
+int block_set_bytes(const CodecHead& c, const char* fn, const unsigned char* wire, unsigned char len,
                     unsigned char* local);
-int block_get_bytes(const BlockCodec& c, const char* fn, const unsigned char* local, unsigned char* wire,
+int block_get_bytes(const CodecHead& c, const char* fn, const unsigned char* local, unsigned char* wire,
                     unsigned int buflen);
 
 /* Wire to local under the exported function's name fn. */
-template <typename T>
-inline int block_set(const BlockCodec& c, const char* fn, const unsigned char* wire, unsigned char len, T* local) {
-    return block_set_bytes(c, fn, wire, len, bytes_of(local));
+template <int R, int T, typename U>
+inline int block_set(const PackedCodec<R, T>& c, const char* fn, const unsigned char* wire, unsigned char len,
+                     U* local) {
+    return block_set_bytes(c.head, fn, wire, len, bytes_of(local));
 }
 
 /* Local to wire under the exported function's name fn. */
-template <typename T>
-inline int block_get(const BlockCodec& c, const char* fn, const T* local, unsigned char* wire,
+template <int R, int T, typename U>
+inline int block_get(const PackedCodec<R, T>& c, const char* fn, const U* local, unsigned char* wire,
                      unsigned int buflen) {
-    return block_get_bytes(c, fn, reinterpret_cast<const unsigned char*>(local), wire, buflen);
+    return block_get_bytes(c.head, fn, reinterpret_cast<const unsigned char*>(local), wire, buflen);
 }
 
 }  // namespace bbconf

@@ -138,19 +138,20 @@ static_assert(defaults_extent(kDsmDefaults) == sizeof(Dsm) && defaults_fit(kDsmD
 
 using bbconf::block_get;
 using bbconf::block_set;
+using bbconf::packed;
 
 // clang-format off
-int __InitSubiaoDsmParam(Dsm* pstSubiaoDsm) { return bbconf::init_block(__func__, "NULL != pstSubiaoDsm", pstSubiaoDsm, bbconf::kDsmDefaults); }
-int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kSubiaoDsm, __func__, wire, len, local); }
-int SubiaoDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSubiaoDsm, __func__, local, wire, buflen); }
+int __InitSubiaoDsmParam(Dsm* pstSubiaoDsm) { return bbconf::init_block(__func__, "NULL != pstSubiaoDsm", pstSubiaoDsm, bbconf::packed_defaults<bbconf::kDsmDefaults>); }
+int SubiaoDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kSubiaoDsm>, __func__, wire, len, local); }
+int SubiaoDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSubiaoDsm>, __func__, local, wire, buflen); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return SubiaoDsm_B2LStruct(wire, len, local); }
 int CMN_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return SubiaoDsm_LStruct2B(local, wire, buflen); }
-int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kSiChuanDsm, __func__, wire, len, local); }
-int SiChuan_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSiChuanDsm, __func__, local, wire, buflen); }
-int GuangDongDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kGuangDongDsm, __func__, wire, len, local); }
-int GuangDongDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kGuangDongDsm, __func__, local, wire, buflen); }
-int HunanDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kHunanDsm, __func__, wire, len, local); }
-int HunanDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHunanDsm, __func__, local, wire, buflen); }
-int JiLingDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(bbconf::kJiLingDsm, __func__, wire, len, local); }
-int JiLingDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kJiLingDsm, __func__, local, wire, buflen); }
+int SiChuan_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kSiChuanDsm>, __func__, wire, len, local); }
+int SiChuan_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSiChuanDsm>, __func__, local, wire, buflen); }
+int GuangDongDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kGuangDongDsm>, __func__, wire, len, local); }
+int GuangDongDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kGuangDongDsm>, __func__, local, wire, buflen); }
+int HunanDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kHunanDsm>, __func__, wire, len, local); }
+int HunanDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kHunanDsm>, __func__, local, wire, buflen); }
+int JiLingDsm_B2LStruct(unsigned char* wire, unsigned char len, Dsm* local) { return block_set(packed<bbconf::kJiLingDsm>, __func__, wire, len, local); }
+int JiLingDsm_LStruct2B(Dsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kJiLingDsm>, __func__, local, wire, buflen); }
 // clang-format on

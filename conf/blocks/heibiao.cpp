@@ -114,19 +114,20 @@ static_assert(defaults_fit(kDriverIdentifyDefaults, sizeof(DriverIdentify)) &&
 using bbconf::block_get;
 using bbconf::block_set;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, DriverIdentify* local) { return block_set(bbconf::kDriverIdentify, __func__, wire, len, local); }
-int CMN_HljLStruct2B(DriverIdentify* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kDriverIdentify, __func__, local, wire, buflen); }
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, VehicleOperate* local) { return block_set(bbconf::kVehicleOperate, __func__, wire, len, local); }
-int CMN_HljLStruct2B(VehicleOperate* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kVehicleOperate, __func__, local, wire, buflen); }
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, HljDsm* local) { return block_set(bbconf::kHljDsm, __func__, wire, len, local); }
-int CMN_HljLStruct2B(HljDsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHljDsm, __func__, local, wire, buflen); }
-int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, HljDevFail* local) { return block_set(bbconf::kHljDevFail, __func__, wire, len, local); }
-int CMN_HljLStruct2B(HljDevFail* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kHljDevFail, __func__, local, wire, buflen); }
+int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, DriverIdentify* local) { return block_set(packed<bbconf::kDriverIdentify>, __func__, wire, len, local); }
+int CMN_HljLStruct2B(DriverIdentify* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kDriverIdentify>, __func__, local, wire, buflen); }
+int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, VehicleOperate* local) { return block_set(packed<bbconf::kVehicleOperate>, __func__, wire, len, local); }
+int CMN_HljLStruct2B(VehicleOperate* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kVehicleOperate>, __func__, local, wire, buflen); }
+int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, HljDsm* local) { return block_set(packed<bbconf::kHljDsm>, __func__, wire, len, local); }
+int CMN_HljLStruct2B(HljDsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kHljDsm>, __func__, local, wire, buflen); }
+int CMN_HljB2LStruct(unsigned char* wire, unsigned char len, HljDevFail* local) { return block_set(packed<bbconf::kHljDevFail>, __func__, wire, len, local); }
+int CMN_HljLStruct2B(HljDevFail* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kHljDevFail>, __func__, local, wire, buflen); }
 
-int __InitHljDriverIdentifyParam(DriverIdentify* pstHeibiaoDriverIdentify) { return init_block(__func__, "NULL != pstHeibiaoDriverIdentify", pstHeibiaoDriverIdentify, bbconf::kDriverIdentifyDefaults); }
-int __InitHljAdasParam(VehicleOperate* pstHeibiaoAdas) { return init_block(__func__, "NULL != pstHeibiaoAdas", pstHeibiaoAdas, bbconf::kVehicleOperateDefaults); }
-int __InitHljDsmParam(HljDsm* pstHeibiaoDsm) { return init_block(__func__, "NULL != pstHeibiaoDsm", pstHeibiaoDsm, bbconf::kHljDsmDefaults); }
-int __InitHljDevFailParam(HljDevFail* pstHeibiaoDevFail) { return init_block(__func__, "NULL != pstHeibiaoDevFail", pstHeibiaoDevFail, bbconf::kHljDevFailDefaults); }
+int __InitHljDriverIdentifyParam(DriverIdentify* pstHeibiaoDriverIdentify) { return init_block(__func__, "NULL != pstHeibiaoDriverIdentify", pstHeibiaoDriverIdentify, bbconf::packed_defaults<bbconf::kDriverIdentifyDefaults>); }
+int __InitHljAdasParam(VehicleOperate* pstHeibiaoAdas) { return init_block(__func__, "NULL != pstHeibiaoAdas", pstHeibiaoAdas, bbconf::packed_defaults<bbconf::kVehicleOperateDefaults>); }
+int __InitHljDsmParam(HljDsm* pstHeibiaoDsm) { return init_block(__func__, "NULL != pstHeibiaoDsm", pstHeibiaoDsm, bbconf::packed_defaults<bbconf::kHljDsmDefaults>); }
+int __InitHljDevFailParam(HljDevFail* pstHeibiaoDevFail) { return init_block(__func__, "NULL != pstHeibiaoDevFail", pstHeibiaoDevFail, bbconf::packed_defaults<bbconf::kHljDevFailDefaults>); }
 // clang-format on

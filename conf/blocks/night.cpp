@@ -79,18 +79,19 @@ static_assert(defaults_extent(kNightSpeedDefaults) == sizeof(NightSpeed) &&
 using bbconf::block_get;
 using bbconf::block_set;
 using bbconf::bytes_of;
+using bbconf::packed;
 using bbconf::put_field_defaults;
 
 // clang-format off
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightSpeed* local) { return block_set(bbconf::kNightSpeed, __func__, wire, len, local); }
-int CMN_LStruct2B(NightSpeed* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightSpeed, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightMove* local) { return block_set(bbconf::kNightMove, __func__, wire, len, local); }
-int CMN_LStruct2B(NightMove* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightMove, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightTired* local) { return block_set(bbconf::kNightTired, __func__, wire, len, local); }
-int CMN_LStruct2B(NightTired* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kNightTired, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightSpeed* local) { return block_set(packed<bbconf::kNightSpeed>, __func__, wire, len, local); }
+int CMN_LStruct2B(NightSpeed* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kNightSpeed>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightMove* local) { return block_set(packed<bbconf::kNightMove>, __func__, wire, len, local); }
+int CMN_LStruct2B(NightMove* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kNightMove>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, NightTired* local) { return block_set(packed<bbconf::kNightTired>, __func__, wire, len, local); }
+int CMN_LStruct2B(NightTired* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kNightTired>, __func__, local, wire, buflen); }
 
 /* The initialisers trust their caller: no pointer test, nothing printed. */
-void __InitNightSpeedLmt(NightSpeed* pstNightSpeedLmt) { put_field_defaults(bytes_of(pstNightSpeedLmt), bbconf::kNightSpeedDefaults); }
-void __InitNightAbnormalMove(NightMove* pstNightAbnormalMove) { put_field_defaults(bytes_of(pstNightAbnormalMove), bbconf::kNightMoveDefaults); }
-void __InitNightTiredSetting(NightTired* pstNightTiredSetting) { put_field_defaults(bytes_of(pstNightTiredSetting), bbconf::kNightTiredDefaults); }
+void __InitNightSpeedLmt(NightSpeed* pstNightSpeedLmt) { put_field_defaults(bytes_of(pstNightSpeedLmt), bbconf::packed_defaults<bbconf::kNightSpeedDefaults>); }
+void __InitNightAbnormalMove(NightMove* pstNightAbnormalMove) { put_field_defaults(bytes_of(pstNightAbnormalMove), bbconf::packed_defaults<bbconf::kNightMoveDefaults>); }
+void __InitNightTiredSetting(NightTired* pstNightTiredSetting) { put_field_defaults(bytes_of(pstNightTiredSetting), bbconf::packed_defaults<bbconf::kNightTiredDefaults>); }
 // clang-format on

@@ -151,18 +151,19 @@ static_assert(codec_covers(kSize), "two words");
 using bbconf::block_get;
 using bbconf::block_set;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, Tpms* local) { return block_set(bbconf::kTpms, __func__, wire, len, local); }
-int CMN_LStruct2B(Tpms* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kTpms, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, Intense* local) { return block_set(bbconf::kIntense, __func__, wire, len, local); }
-int CMN_LStruct2B(Intense* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kIntense, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, Load* local) { return block_set(bbconf::kLoad, __func__, wire, len, local); }
-int CMN_LStruct2B(Load* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kLoad, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, Size* local) { return block_set(bbconf::kSize, __func__, wire, len, local); }
-int CMN_LStruct2B(Size* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kSize, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Tpms* local) { return block_set(packed<bbconf::kTpms>, __func__, wire, len, local); }
+int CMN_LStruct2B(Tpms* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kTpms>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Intense* local) { return block_set(packed<bbconf::kIntense>, __func__, wire, len, local); }
+int CMN_LStruct2B(Intense* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kIntense>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Load* local) { return block_set(packed<bbconf::kLoad>, __func__, wire, len, local); }
+int CMN_LStruct2B(Load* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kLoad>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Size* local) { return block_set(packed<bbconf::kSize>, __func__, wire, len, local); }
+int CMN_LStruct2B(Size* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kSize>, __func__, local, wire, buflen); }
 
-int __InitSubiaoTpmsParam(Tpms* pstSubiaoTpms) { return init_block(__func__, "NULL != pstSubiaoTpms", pstSubiaoTpms, bbconf::kTpmsDefaults); }
-int __InitSubiaoBsdParam(Bsd* pstSubiaoBsd) { return init_block(__func__, "NULL != pstSubiaoBsd", pstSubiaoBsd, bbconf::kBsdDefaults); }
-int __InitSubiaoIntenseDriveParam(Intense* pstSubiaoIntense) { return init_block(__func__, "NULL != pstSubiaoIntense", pstSubiaoIntense, bbconf::kIntenseDefaults, "Param Intense Drive!\n"); }
+int __InitSubiaoTpmsParam(Tpms* pstSubiaoTpms) { return init_block(__func__, "NULL != pstSubiaoTpms", pstSubiaoTpms, bbconf::packed_defaults<bbconf::kTpmsDefaults>); }
+int __InitSubiaoBsdParam(Bsd* pstSubiaoBsd) { return init_block(__func__, "NULL != pstSubiaoBsd", pstSubiaoBsd, bbconf::packed_defaults<bbconf::kBsdDefaults>); }
+int __InitSubiaoIntenseDriveParam(Intense* pstSubiaoIntense) { return init_block(__func__, "NULL != pstSubiaoIntense", pstSubiaoIntense, bbconf::packed_defaults<bbconf::kIntenseDefaults>, "Param Intense Drive!\n"); }
 // clang-format on

@@ -197,33 +197,34 @@ int media_get(const AlarmMedia* local, unsigned char* wire) {
 using bbconf::block_get;
 using bbconf::block_set;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, ZtAlarm* local) { return block_set(bbconf::kZtAlarm, __func__, wire, len, local); }
-int CMN_LStruct2B(ZtAlarm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kZtAlarm, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxAdas* local) { return block_set(bbconf::kDpxAdas, __func__, wire, len, local); }
-int CMN_LStruct2B(DpxAdas* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kDpxAdas, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxDsm* local) { return block_set(bbconf::kDpxDsm, __func__, wire, len, local); }
-int CMN_LStruct2B(DpxDsm* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kDpxDsm, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, ZtAlarm* local) { return block_set(packed<bbconf::kZtAlarm>, __func__, wire, len, local); }
+int CMN_LStruct2B(ZtAlarm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kZtAlarm>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxAdas* local) { return block_set(packed<bbconf::kDpxAdas>, __func__, wire, len, local); }
+int CMN_LStruct2B(DpxAdas* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kDpxAdas>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, DpxDsm* local) { return block_set(packed<bbconf::kDpxDsm>, __func__, wire, len, local); }
+int CMN_LStruct2B(DpxDsm* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kDpxDsm>, __func__, local, wire, buflen); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char, AlarmMedia* local) { return bbconf::media_set(wire, local); }
 int CMN_LStruct2B(AlarmMedia* local, unsigned char* wire, unsigned int) { return bbconf::media_get(local, wire); }
 int CMN_B2LStruct(unsigned char* wire, unsigned char len, Pump* local) { return bbconf::pump_set(__func__, wire, len, local); }
-int CMN_LStruct2B(Pump* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kPump, __func__, local, wire, buflen); }
+int CMN_LStruct2B(Pump* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kPump>, __func__, local, wire, buflen); }
 
-int __InitZhatuAlarmParam(ZtAlarm* pstZhatuAlarm) { return init_block(__func__, "NULL != pstZhatuAlarm", pstZhatuAlarm, bbconf::kZtAlarmDefaults); }
-int __InitQ8RS485InqureParam(Rs485* pstRs485Inqure) { return init_block(__func__, "NULL != pstRs485Inqure", pstRs485Inqure, bbconf::kRs485Defaults); }
+int __InitZhatuAlarmParam(ZtAlarm* pstZhatuAlarm) { return init_block(__func__, "NULL != pstZhatuAlarm", pstZhatuAlarm, bbconf::packed_defaults<bbconf::kZtAlarmDefaults>); }
+int __InitQ8RS485InqureParam(Rs485* pstRs485Inqure) { return init_block(__func__, "NULL != pstRs485Inqure", pstRs485Inqure, bbconf::packed_defaults<bbconf::kRs485Defaults>); }
 // clang-format on
 
 /* The DPX initialisers keep their own shape: -1 after the assertion line on
  * a null record, otherwise 0, quietly. */
 int CMN_Init_DPX_ADAS_Setting(DpxAdas* pDpxAdasSet) {
     BB_CHECK(NULL != pDpxAdasSet, -1);
-    bbconf::put_field_defaults(bbconf::bytes_of(pDpxAdasSet), bbconf::kDpxAdasDefaults);
+    bbconf::put_field_defaults(bbconf::bytes_of(pDpxAdasSet), bbconf::packed_defaults<bbconf::kDpxAdasDefaults>);
     return 0;
 }
 
 int CMN_Init_DPX_DSM_Setting(DpxDsm* pDpxDsmSet) {
     BB_CHECK(NULL != pDpxDsmSet, -1);
-    bbconf::put_field_defaults(bbconf::bytes_of(pDpxDsmSet), bbconf::kDpxDsmDefaults);
+    bbconf::put_field_defaults(bbconf::bytes_of(pDpxDsmSet), bbconf::packed_defaults<bbconf::kDpxDsmDefaults>);
     return 0;
 }

@@ -55,12 +55,13 @@ static_assert(kAvChStreams == 1 && kAvChStreams + wire_extent(kStreams) == kAvCh
 
 void entry_in(const unsigned char* wire, tagAV_CH_ENC_PARAM_ST* entry) {
     entry->ucLogicCh = wire[0];
-    wire_to_local(kStreams, wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
+    wire_to_local(rows_of(kStreamRows), wire + kAvChStreams, bytes_of(entry) + kAvChStreams);
 }
 
 void entry_out(const tagAV_CH_ENC_PARAM_ST* entry, unsigned char* wire) {
     wire[0] = entry->ucLogicCh;
-    local_to_wire(kStreams, reinterpret_cast<const unsigned char*>(entry) + kAvChStreams, wire + kAvChStreams);
+    local_to_wire(rows_of(kStreamRows), reinterpret_cast<const unsigned char*>(entry) + kAvChStreams,
+                  wire + kAvChStreams);
 }
 
 /* The count byte heads both forms; entry k follows at 1 + 21k. */
@@ -74,8 +75,8 @@ static_assert(kAvChHead + kAvChMax * kAvChLen == sizeof(tagAV_INDIVIDUAL_SETTING
 
 
 // clang-format off
-unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) { return bbconf::block_set(bbconf::kAvEnc, __func__, wire, len, local); }
-int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::block_get(bbconf::kAvEnc, __func__, local, wire, buflen); }
+unsigned int CMN_B2LStruct(unsigned char* wire, unsigned char len, tagAV_ENC_PARAM_ST* local) { return bbconf::block_set(bbconf::packed<bbconf::kAvEnc>, __func__, wire, len, local); }
+int CMN_LStruct2B(tagAV_ENC_PARAM_ST* local, unsigned char* wire, unsigned int buflen) { return bbconf::block_get(bbconf::packed<bbconf::kAvEnc>, __func__, local, wire, buflen); }
 // clang-format on
 
 /* The channel settings are one of the engine's exceptions: the count byte

@@ -95,14 +95,15 @@ static_assert(defaults_extent(kCaptureDefaults) == sizeof(DriverCapture), "drive
 using bbconf::block_get;
 using bbconf::block_set;
 using bbconf::init_block;
+using bbconf::packed;
 
 // clang-format off
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, Vds* local) { return block_set(bbconf::kVds, __func__, wire, len, local); }
-int CMN_LStruct2B(Vds* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kVds, __func__, local, wire, buflen); }
-int CMN_B2LStruct(unsigned char* wire, unsigned char len, DriverCapture* local) { return block_set(bbconf::kCapture, __func__, wire, len, local); }
-int CMN_LStruct2B(DriverCapture* local, unsigned char* wire, unsigned int buflen) { return block_get(bbconf::kCapture, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, Vds* local) { return block_set(packed<bbconf::kVds>, __func__, wire, len, local); }
+int CMN_LStruct2B(Vds* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kVds>, __func__, local, wire, buflen); }
+int CMN_B2LStruct(unsigned char* wire, unsigned char len, DriverCapture* local) { return block_set(packed<bbconf::kCapture>, __func__, wire, len, local); }
+int CMN_LStruct2B(DriverCapture* local, unsigned char* wire, unsigned int buflen) { return block_get(packed<bbconf::kCapture>, __func__, local, wire, buflen); }
 
-int __InitXiangbiaoVdsParam(Vds* pstXiangbiaoVds) { return init_block(__func__, "NULL != pstXiangbiaoVds", pstXiangbiaoVds, bbconf::kVdsDefaults); }
-int __InitXiangbiaoDriverCmpParam(DriverCmp* pstXiangbiaoDriverCmp) { return init_block(__func__, "NULL != pstXiangbiaoDriverCmp", pstXiangbiaoDriverCmp, bbconf::kDriverCmpDefaults); }
-int __InitXiangbiaoDriverCaptureParam(DriverCapture* pstXiangbiaoDriverCapt) { return init_block(__func__, "NULL != pstXiangbiaoDriverCapt", pstXiangbiaoDriverCapt, bbconf::kCaptureDefaults); }
+int __InitXiangbiaoVdsParam(Vds* pstXiangbiaoVds) { return init_block(__func__, "NULL != pstXiangbiaoVds", pstXiangbiaoVds, bbconf::packed_defaults<bbconf::kVdsDefaults>); }
+int __InitXiangbiaoDriverCmpParam(DriverCmp* pstXiangbiaoDriverCmp) { return init_block(__func__, "NULL != pstXiangbiaoDriverCmp", pstXiangbiaoDriverCmp, bbconf::packed_defaults<bbconf::kDriverCmpDefaults>); }
+int __InitXiangbiaoDriverCaptureParam(DriverCapture* pstXiangbiaoDriverCapt) { return init_block(__func__, "NULL != pstXiangbiaoDriverCapt", pstXiangbiaoDriverCapt, bbconf::packed_defaults<bbconf::kCaptureDefaults>); }
 // clang-format on
