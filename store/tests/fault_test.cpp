@@ -18,7 +18,7 @@ using bbconf::StoreStatus;
 using namespace storetest;
 using Clock = std::chrono::steady_clock;
 
-constexpr uid_t kOtherUser = 65534;
+[[maybe_unused]] constexpr uid_t kOtherUser = 65534;  // used by the tests that drive the tool
 
 class Fault : public ScratchDir {
   protected:
