@@ -1,6 +1,8 @@
 // codec_test.cpp - the block codec engine on small blocks of its own: when
 // the length is judged, which pointer checks speak, how a get lays the wire
 // image down, what the reports print and what a direction returns.
+#include <string.h>
+
 #include <algorithm>
 #include <string>
 #include <vector>
@@ -166,7 +168,7 @@ static_assert(bbconf::packed_text(kTwoTables) == 15 + 13,
 
 TEST(CodecEngine, PackedForm) {
     const auto& p = bbconf::packed<kTwoTables>;
-    const auto at = [&](uint16_t off) { return std::string(p.text + off); };
+    const auto at = [&](uint16_t off) { return std::string(p.text + off, strnlen(p.text + off, sizeof p.text - off)); };
     EXPECT_EQ(at(p.head.set.check_text), "DataLen == Len");
     EXPECT_EQ(at(p.head.get.check_text), "Len");
     EXPECT_EQ(p.head.get.check_text, p.head.set.check_text + 11);
