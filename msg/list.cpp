@@ -17,6 +17,9 @@ constexpr size_t kAnswerHead = 3; /* WORD serial, BYTE count */
  * carries and one byte more, so that a text get (at most BufLen - 1
  * characters) is never cut by the buffer. */
 constexpr int kValueBuf = kMaxItemValue + 1;
+/* Room the reads need in front of the buffer: the Subiao ADAS get logs the
+ * 56 bytes in front of it. */
+constexpr size_t kFront = 64;
 
 ListFault fault_of(ListError e, int declared, int found, size_t offset, size_t needed, size_t remaining, uint32_t id) {
     return ListFault{e, declared, found, offset, needed, remaining, id};
@@ -105,7 +108,10 @@ AnswerReport walk_answer(Rec* rec, uint16_t serial, const unsigned char* ids, si
     }
     bool fits = out != nullptr && out_size >= kAnswerHead;
     size_t pos = kAnswerHead;
-    unsigned char scratch[kValueBuf];
+    /* Values are read straight into `out` where it has the room on both
+     * sides, else into `scratch` and copied. */
+    unsigned char scratch[kFront + kValueBuf];
+    memset(scratch, 0, kFront);
     for (int i = 0; i < asked && r.answered < kMaxListItems; i++) {
         uint32_t id;
         ParamInfo info;
@@ -128,8 +134,8 @@ AnswerReport walk_answer(Rec* rec, uint16_t serial, const unsigned char* ids, si
         }
         int n = -1;
         if (known) {
-            const bool direct = fits && out_size - pos >= kItemHead + kValueBuf;
-            unsigned char* dst = direct ? out + pos + kItemHead : scratch;
+            const bool direct = fits && pos >= kFront && out_size - pos >= kItemHead + kValueBuf;
+            unsigned char* dst = direct ? out + pos + kItemHead : scratch + kFront;
             n = get_value(rec, static_cast<uint16_t>(id), dst);
             if (info.get_max > 0 && n > info.get_max) {
                 n = info.get_max; /* 0x0081 / 0x0082 answer 4 but write the two bytes of their WORD */
@@ -139,7 +145,7 @@ AnswerReport walk_answer(Rec* rec, uint16_t serial, const unsigned char* ids, si
                     store_be32(out + pos, id);
                     out[pos + 4] = static_cast<unsigned char>(n);
                     if (!direct) {
-                        memcpy(out + pos + kItemHead, scratch, static_cast<size_t>(n));
+                        memcpy(out + pos + kItemHead, scratch + kFront, static_cast<size_t>(n));
                     }
                 } else {
                     fits = false;

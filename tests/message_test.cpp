@@ -451,6 +451,28 @@ TEST(Apply, SameBytesAsTheSetter) {
     EXPECT_EQ(std::memcmp(&a.rec, &b.rec, sizeof a.rec), 0);
 }
 
+// A block first in an exact-size answer: the ADAS get logs the bytes in
+// front of its buffer, which must not be the caller's (ASan sees it).
+TEST(Answer, BlockFirstInExactBuffer) {
+    Terminal t;
+    const Bytes ids =
+        hex("01"
+            "0000f364");
+    std::vector<unsigned char> body(3 + 5 + 56);
+    bbconf::AnswerReport r;
+    {
+        bbtest::QuietStdout q;
+        r = bbconf::build_answer(&t.rec, 2, ids.data(), ids.size(), body.data(), body.size(), nullptr, 0);
+    }
+    ASSERT_TRUE(r.written);
+    EXPECT_EQ(hx(body.data(), 8),
+              "0002"
+              "01"
+              "0000f364"
+              "38");
+    EXPECT_EQ(hx(body.data() + 8, 56), t.get(0xf364));
+}
+
 TEST(Answer, UnknownIdsLeftOutAndNamed) {
     Terminal t;
     const Bytes ids =
