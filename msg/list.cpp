@@ -46,16 +46,19 @@ ApplyReport apply_items(Rec* rec, const unsigned char* list, size_t size, ItemOu
         r.result = GeneralResult::MessageError;
         return r;
     }
-    size_t pos = 0;
-    ListItem item;
-    while (next_item(list, size, &pos, &item)) {
-        const SetResult res = set_param(rec, item.id, item.value, item.len);
-        if (outcomes != nullptr && r.items < max_outcomes) {
-            outcomes[r.items] = ItemOutcome{item.id, item.len, res};
+    /* The list is whole: walk it without further checks. */
+    const unsigned char* p = list + 1;
+    for (int i = 0; i < r.fault.declared; i++) {
+        const uint32_t id = load_be32(p);
+        const uint8_t len = p[4];
+        const SetResult res = set_param(rec, id, p + kItemHead, len);
+        p += kItemHead + len;
+        if (outcomes != nullptr && i < max_outcomes) {
+            outcomes[i] = ItemOutcome{id, len, res};
         }
-        r.items++;
         (res == SetResult::Stored ? r.stored : r.skipped)++;
     }
+    r.items = r.fault.declared;
     r.result = r.skipped == 0 ? GeneralResult::Success : GeneralResult::Failure;
     return r;
 }
