@@ -171,7 +171,11 @@ struct AnswerReport {
  * for, in ascending ID order; the device's identity and the diagnostic
  * dumps are not record parameters and are left out of a query of all.
  * Asked IDs are answered in the order asked.  Each value is what the
- * record's get answers with a buffer of 256 bytes.
+ * record's get answers with a buffer of 256 bytes, cut to the bytes the get
+ * writes (0x0081 / 0x0082 answer 4 for the two bytes of their WORD: the
+ * answer carries the WORD).  The value is read through a buffer of the
+ * layer's own (the largest frame here, under 512 bytes) unless `out` has
+ * room on both sides of it.
  *
  * answer_size gives the body's size without writing; build_answer writes
  * the body when it fits `out_size` (written = true) and otherwise writes

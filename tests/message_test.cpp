@@ -52,6 +52,13 @@ std::string hx(const unsigned char* p, size_t n) {
 std::string hx(const Bytes& b) { return hx(b.data(), b.size()); }
 std::string text_hex(const std::string& t) { return hx(reinterpret_cast<const unsigned char*>(t.data()), t.size()); }
 
+// Runs f with the library's diagnostic lines sent to /dev/null.
+template <typename F>
+auto quiet(F&& f) {
+    bbtest::QuietStdout q;
+    return f();
+}
+
 struct Terminal {
     tagBB_CONF_ST rec{};
     Terminal() {
@@ -136,11 +143,8 @@ TEST(PeerVectors, EveryItemStoredAndReadBack) {
         if (list.empty()) continue;  // queries: below
         Terminal t;
         bbconf::ItemOutcome out[255];
-        bbconf::ApplyReport r;
-        {
-            bbtest::QuietStdout q;
-            r = bbconf::apply_list(&t.rec, list.data(), list.size(), out, 255);
-        }
+        const bbconf::ApplyReport r =
+            quiet([&] { return bbconf::apply_list(&t.rec, list.data(), list.size(), out, 255); });
         ASSERT_EQ(r.result, GeneralResult::Success) << v.name;
         EXPECT_EQ(r.stored, r.items) << v.name;
         int equal = 0;
@@ -296,24 +300,6 @@ TEST(Frame, CorruptFramesNamed) {
     EXPECT_STREQ(bbconf::to_string(FrameError::BadCheckCode), "the check code does not match");
 }
 
-TEST(Frame, StreamOfFrames) {
-    const Bytes s =
-        hex("0000"
-            "7E8104000001234567890000010D7E"
-            "7E8104000001234567890000010D7E"
-            "7E00");
-    size_t at = 0, n;
-    const unsigned char* f;
-    int frames = 0;
-    size_t len = 0;
-    while ((n = bbconf::next_frame(s.data() + at, s.size() - at, &f, &len)) > 0) {
-        EXPECT_EQ(len, 15u);
-        at += n;
-        frames++;
-    }
-    EXPECT_EQ(frames, 2);
-}
-
 // The malformed lists: the count and the items found named, nothing stored.
 TEST(List, MalformedListsStoreNothing) {
     const struct {
@@ -338,11 +324,8 @@ TEST(List, MalformedListsStoreNothing) {
         const Bytes list = hex(c.list);
         Terminal t;
         const Terminal before;
-        bbconf::ApplyReport r;
-        {
-            bbtest::QuietStdout q;
-            r = bbconf::apply_list(&t.rec, list.data(), list.size(), nullptr, 0);
-        }
+        const bbconf::ApplyReport r =
+            quiet([&] { return bbconf::apply_list(&t.rec, list.data(), list.size(), nullptr, 0); });
         EXPECT_EQ(r.result, GeneralResult::MessageError) << c.list;
         EXPECT_EQ(r.fault.error, c.error) << c.list;
         EXPECT_EQ(r.fault.declared, c.declared) << c.list;
@@ -382,11 +365,7 @@ TEST(Apply, SkippedItemsNamedOthersStored) {
     Terminal t;
     const std::string can = t.get(0x0110);
     bbconf::ItemOutcome out[255];
-    bbconf::ApplyReport r;
-    {
-        bbtest::QuietStdout q;
-        r = bbconf::apply_list(&t.rec, list.data(), list.size(), out, 255);
-    }
+    bbconf::ApplyReport r = quiet([&] { return bbconf::apply_list(&t.rec, list.data(), list.size(), out, 255); });
     EXPECT_EQ(r.result, GeneralResult::Failure);
     EXPECT_EQ(r.items, 7);
     EXPECT_EQ(r.stored, 1);
@@ -403,10 +382,7 @@ TEST(Apply, SkippedItemsNamedOthersStored) {
     Terminal u;
     const Terminal before;
     tagBB_CONF_ST scratch;
-    {
-        bbtest::QuietStdout q;
-        r = bbconf::apply_list_all_or_nothing(&u.rec, &scratch, list.data(), list.size(), out, 255);
-    }
+    r = quiet([&] { return bbconf::apply_list_all_or_nothing(&u.rec, &scratch, list.data(), list.size(), out, 255); });
     EXPECT_EQ(r.result, GeneralResult::Failure);
     EXPECT_EQ(r.stored, 0);
     EXPECT_EQ(r.skipped, 6);
@@ -419,10 +395,7 @@ TEST(Apply, SkippedItemsNamedOthersStored) {
             "00000013"
             "03"
             "616263");
-    {
-        bbtest::QuietStdout q;
-        r = bbconf::apply_list_all_or_nothing(&u.rec, &scratch, good.data(), good.size(), out, 255);
-    }
+    r = quiet([&] { return bbconf::apply_list_all_or_nothing(&u.rec, &scratch, good.data(), good.size(), out, 255); });
     EXPECT_EQ(r.result, GeneralResult::Success);
     EXPECT_EQ(r.stored, 2);
     EXPECT_EQ(u.get(0x0013), "616263");
@@ -459,11 +432,8 @@ TEST(Answer, BlockFirstInExactBuffer) {
         hex("01"
             "0000f364");
     std::vector<unsigned char> body(3 + 5 + 56);
-    bbconf::AnswerReport r;
-    {
-        bbtest::QuietStdout q;
-        r = bbconf::build_answer(&t.rec, 2, ids.data(), ids.size(), body.data(), body.size(), nullptr, 0);
-    }
+    const bbconf::AnswerReport r = quiet(
+        [&] { return bbconf::build_answer(&t.rec, 2, ids.data(), ids.size(), body.data(), body.size(), nullptr, 0); });
     ASSERT_TRUE(r.written);
     EXPECT_EQ(hx(body.data(), 8),
               "0002"
@@ -530,11 +500,8 @@ TEST(Answer, DefaultRecordRoundTripAndPackages) {
 
     tagBB_CONF_ST zero{};
     bbconf::ItemOutcome out[255];
-    bbconf::ApplyReport applied;
-    {
-        bbtest::QuietStdout q;
-        applied = bbconf::apply_list(&zero, body.data() + 2, body.size() - 2, out, 255);
-    }
+    const bbconf::ApplyReport applied =
+        quiet([&] { return bbconf::apply_list(&zero, body.data() + 2, body.size() - 2, out, 255); });
     Terminal b;
     b.rec = zero;
     int settable = 0;
@@ -617,11 +584,7 @@ TEST(Answer, TaxiRecordBothWays) {
             "04"
             "00000001");
     bbconf::ItemOutcome out[2];
-    bbconf::ApplyReport r;
-    {
-        bbtest::QuietStdout q;
-        r = bbconf::apply_list(&x, list.data(), list.size(), out, 2);
-    }
+    const bbconf::ApplyReport r = quiet([&] { return bbconf::apply_list(&x, list.data(), list.size(), out, 2); });
     EXPECT_EQ(r.stored, 1);
     EXPECT_EQ(out[1].result, SetResult::UnknownId);
     const Bytes ids =
