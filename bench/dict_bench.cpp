@@ -211,11 +211,8 @@ PerCall best_per_call(Fixture& f, const std::vector<ParamInfo>& seq) {
     return best;
 }
 
-// Bytes the catalogue's search keeps beside the rows: the key array and the
-// bucket starts of both record kinds.
-size_t search_bytes(const bbconf::Dictionary& d) {
-    return (static_cast<size_t>(d.count) + bbconf::kBucketSpan) * sizeof(uint16_t) + bbconf::kBucketCount;
-}
+// Bytes the catalogue's search keeps beside the rows: the key array.
+size_t search_bytes(const bbconf::Dictionary& d) { return static_cast<size_t>(d.count) * sizeof(uint16_t); }
 
 }  // namespace
 

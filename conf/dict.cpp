@@ -17,14 +17,13 @@ const ParamDef* find_param(const Dictionary& dict, int id) {
         return nullptr;
     }
     const uint16_t key = static_cast<uint16_t>(id);
-    const int start = dict.first[key >> kBucketShift];
-    const uint16_t* window = dict.keys + start;
-    int below = 0;
-    for (int j = 0; j < kBucketSpan; j++) {
-        below += window[j] < key;
+    const uint16_t* base = dict.keys;
+    for (int n = dict.count; n > 1;) {
+        const int half = n / 2;
+        base = base[half] <= key ? base + half : base;
+        n -= half;
     }
-    const int i = start + below;
-    return i < dict.count && dict.keys[i] == id ? &dict.rows[i] : nullptr;
+    return *base == key ? &dict.rows[base - dict.keys] : nullptr;
 }
 
 namespace {

@@ -83,57 +83,29 @@ struct DictCall {
     unsigned rec_size;
 };
 
-/* The search narrows the sorted table by the ID's upper 12 bits: bucket b
- * holds the rows whose IDs lie in [16 b, 16 b + 16) and starts at row
- * first[b].  A bucket has at most 16 rows, so the row of an ID is first[b]
- * plus the number of the 16 keys from there that lie below the ID: keys of
- * later buckets are larger, and the key array is padded with 16 keys of
- * 0xffff.  The count is the same work for every ID, without a branch the
- * processor could mispredict when IDs arrive in random order. */
-constexpr int kBucketShift = 4;
-constexpr int kBucketSpan = 1 << kBucketShift;
-constexpr int kBucketCount = 0x10000 >> kBucketShift;
-
-/* A catalogue: the rows, a parallel array of their IDs and the buckets. */
+/* A catalogue: the rows and a parallel array of their IDs, which the search
+ * halves without a branch (the processor cannot mispredict a comparison
+ * when IDs arrive in random order, and the keys of a record kind fit in a
+ * few cache lines). */
 struct Dictionary {
     const ParamDef* rows;
     const uint16_t* keys;
-    const uint8_t* first;
     int count;
     unsigned rec_size;
 };
 
 template <size_t N>
 struct KeyArray {
-    uint16_t k[N + kBucketSpan];
+    uint16_t k[N];
 };
 
 template <size_t N>
 constexpr KeyArray<N> make_keys(const ParamDef (&rows)[N]) {
     KeyArray<N> keys{};
-    for (size_t i = 0; i < N + kBucketSpan; i++) {
-        keys.k[i] = i < N ? rows[i].id : 0xffff;
+    for (size_t i = 0; i < N; i++) {
+        keys.k[i] = rows[i].id;
     }
     return keys;
-}
-
-template <size_t N>
-struct BucketArray {
-    uint8_t first[kBucketCount];
-};
-
-template <size_t N>
-constexpr BucketArray<N> make_buckets(const ParamDef (&rows)[N]) {
-    static_assert(N < 256, "bucket starts are kept in one byte");
-    BucketArray<N> b{};
-    size_t row = 0;
-    for (int bucket = 0; bucket < kBucketCount; bucket++) {
-        while (row < N && rows[row].id < (bucket << kBucketShift)) {
-            row++;
-        }
-        b.first[bucket] = static_cast<uint8_t>(row);
-    }
-    return b;
 }
 
 template <size_t N>

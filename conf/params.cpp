@@ -208,8 +208,7 @@ static_assert(sorted_unique(kRows), "the terminal dictionary must be sorted by I
 static_assert(rows_fit(kRows, sizeof(tagBB_CONF_ST)), "every terminal field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
-constexpr auto kBuckets = make_buckets(kRows);
-constexpr Dictionary kDict{kRows, kKeys.k, kBuckets.first, static_cast<int>(sizeof kRows / sizeof kRows[0]),
+constexpr Dictionary kDict{kRows, kKeys.k, static_cast<int>(sizeof kRows / sizeof kRows[0]),
                            sizeof(tagBB_CONF_ST)};
 
 DictCall call_on(const char* fn, tagBB_CONF_ST* rec) {

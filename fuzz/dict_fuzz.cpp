@@ -1,5 +1,6 @@
-// dict_fuzz.cpp - the terminal dictionary: a default record, then a
-// sequence of sets and gets with fuzzer-chosen IDs, lengths and bytes.
+// dict_fuzz.cpp - the terminal catalogue: a default record, then a
+// sequence of sets, checked sets and gets with fuzzer-chosen IDs, lengths
+// and bytes.
 //
 // Each call honours the caller obligations of CMN_SetParam / CMN_GetParam:
 // the value buffer holds what the ID reads (a block's whole wire form,
@@ -10,6 +11,7 @@
 #include <cstdint>
 
 #include "bbconf.h"
+#include "bbconf_catalogue.h"
 #include "fuzz_support.h"
 
 namespace {
@@ -22,32 +24,21 @@ const uint16_t kIds[] = {
     0xf367, 0xf368, 0xf370, 0xf372, 0xf373, 0xf3f0, 0xf400, 0xf441, 0xf641, 0xfe06, 0xfe10, 0xff01,
     0xff02, 0x0000, 0xffff};
 
-// Wire bytes a set of the ID reads whatever len says (blocks).
+bbconf::ParamInfo info_of(int id) {
+    bbconf::ParamInfo p{};
+    bbconf::find_param(bbconf::RecordKind::Terminal, static_cast<uint32_t>(id), &p);
+    return p;
+}
+
+// Wire bytes a set of the ID reads whatever len says: a number's width, a
+// block's whole wire form (0x0077: all twelve channels).
 size_t set_reads(int id) {
-    switch (id) {
-        case 0x0075: return 21;
-        case 0x0077: return 253;
-        case 0xf0ef: return 18;
-        case 0xf364: return 56;
-        case 0xf365: return 49;
-        case 0xf366: return 36;
-        case 0xf368: return 50;
-        case 0xf370: return 54;
-        case 0xf372: return 18;
-        case 0xf373: return 4;
-        case 0xfe10: return 16;
-        default: return 4;  // numbers read up to 4 bytes
-    }
+    const bbconf::ParamInfo p = info_of(id);
+    return p.kind == bbconf::ValueKind::Number || p.kind == bbconf::ValueKind::Block ? p.set_len : 0;
 }
 
 // Bytes a get writes whatever BufLen says.
-size_t get_writes(int id) {
-    switch (id) {
-        case 0x0076: return 151;
-        case 0x0110: return 8;
-        default: return 4;
-    }
-}
+size_t get_writes(int id) { return info_of(id).get_width; }
 
 }  // namespace
 
@@ -60,7 +51,12 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
         uint8_t op = in.u8();
         int id = (op & 0x40) ? in.u16() : kIds[in.u8() % (sizeof kIds / sizeof kIds[0])];
         int len = static_cast<int8_t>(in.u8()) * ((op & 0x20) ? 3 : 1);  // negative and >255 too
-        if (op & 0x80) {
+        if ((op & 0x90) == 0x90) {
+            // The checked set reads len bytes and no more.
+            std::vector<uint8_t> value = in.bytes(static_cast<size_t>(len > 0 ? len : 0));
+            bbfuzz::ExactBuffer buf(0, value.size(), value);
+            bbconf::set_param(&conf, static_cast<uint32_t>(id), buf.data(), value.size());
+        } else if (op & 0x80) {
             size_t room = static_cast<size_t>(len > 0 ? len : 0);
             size_t need = set_reads(id);
             std::vector<uint8_t> value = in.bytes(room > need ? room : need);

@@ -155,8 +155,7 @@ static_assert(sorted_unique(kRows), "the taxi dictionary must be sorted by ID");
 static_assert(rows_fit(kRows, sizeof(tagBBTAXI_CONF_ST)), "every taxi field must lie inside the record");
 
 constexpr auto kKeys = make_keys(kRows);
-constexpr auto kBuckets = make_buckets(kRows);
-constexpr Dictionary kDict{kRows, kKeys.k, kBuckets.first, static_cast<int>(sizeof kRows / sizeof kRows[0]),
+constexpr Dictionary kDict{kRows, kKeys.k, static_cast<int>(sizeof kRows / sizeof kRows[0]),
                            sizeof(tagBBTAXI_CONF_ST)};
 
 DictCall call_on(const char* fn, tagBBTAXI_CONF_ST* rec) {

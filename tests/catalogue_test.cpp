@@ -169,6 +169,9 @@ TEST(Catalogue, WalkIsAscendingAndAgreesWithLookup) {
         for (const ParamInfo& p : rows_of(kind)) {
             EXPECT_GT(p.id, last);
             last = p.id;
+            // The header's example answers every row from a 512-byte buffer.
+            EXPECT_LE(p.min_get_buf, 256);
+            EXPECT_LE(p.get_width, 256);
             ParamInfo q{};
             ASSERT_TRUE(bbconf::find_param(kind, p.id, &q));
             EXPECT_EQ(std::memcmp(&p, &q, sizeof p), 0);

@@ -33,24 +33,17 @@ int lib_set(Record& rec, uint16_t id, const std::vector<uint8_t>& wire) {
     return BBTAXI_SetParam(rec.taxi(), id, buf.data(), len);
 }
 
-std::string number_range(Kind k) {
-    switch (k) {
-        case Kind::U8:
-        case Kind::LowByte32: return "a u8 value (0 to 255)";
-        case Kind::U16:
-        case Kind::U16Get32: return "a u16 value (0 to 65535)";
+std::string number_range(const ParamDef& d) {
+    switch (value_width(d)) {
+        case 1: return "a u8 value (0 to 255)";
+        case 2: return "a u16 value (0 to 65535)";
         default: return "a u32 value (0 to 4294967295)";
     }
 }
 
-uint32_t number_max(Kind k) {
-    switch (k) {
-        case Kind::U8:
-        case Kind::LowByte32: return 0xff;
-        case Kind::U16:
-        case Kind::U16Get32: return 0xffff;
-        default: return 0xffffffffu;
-    }
+uint32_t number_max(const ParamDef& d) {
+    const size_t w = value_width(d);
+    return w >= 4 ? 0xffffffffu : (1u << (8 * w)) - 1;
 }
 
 bool starts_with(std::string_view s, std::string_view prefix) {
@@ -65,14 +58,29 @@ size_t channel_settings_len(const std::vector<uint8_t>& wire) {
     return 1 + sizeof(tagAV_CH_ENC_PARAM_ST) * (count > most ? most : count);
 }
 
-// Why a kind that cannot be set is refused.
-std::string unsettable_reason(const ParamDef& d) {
-    switch (d.kind) {
-        case Kind::Device: return "get-only: answered by the device, not stored in the record";
-        case Kind::Debug: return "get-only: a diagnostic dump, not a stored value";
-        case Kind::Ignored: return "not stored: the record keeps no field for it";
-        default: return "get-only: the record's dictionary does not set it";
+// Why a parameter that the record does not store is refused, or not shown.
+std::string unstored_reason(const ParamDef& d) {
+    switch (d.info.kind) {
+        case ValueKind::Identity: return "answered by the device, not stored in the record";
+        case ValueKind::Debug: return "a diagnostic dump, not a stored value";
+        case ValueKind::Ignored:
+        case ValueKind::Silent: return "not stored: the record keeps no field for it";
+        default: return "";
     }
+}
+
+// Why a parameter that cannot be set is refused.
+std::string unsettable_reason(const ParamDef& d) {
+    const std::string why = unstored_reason(d);
+    if (d.info.kind == ValueKind::Ignored || d.info.kind == ValueKind::Silent) return why;
+    return "get-only: " + (why.empty() ? std::string("the record's dictionary does not set it") : why);
+}
+
+// Big-endian bytes of a number.
+std::vector<uint8_t> be_bytes(uint32_t v, size_t width) {
+    std::vector<uint8_t> out;
+    for (size_t i = 0; i < width; i++) out.push_back(static_cast<uint8_t>(v >> (8 * (width - 1 - i))));
+    return out;
 }
 
 std::vector<uint8_t> up_to_nul(const std::vector<uint8_t>& v) {
@@ -87,15 +95,17 @@ std::vector<uint8_t> up_to_nul(const std::vector<uint8_t>& v) {
 // What a read-back must give after a successful store, for the kinds whose
 // read-back is fully determined by the stored wire bytes.
 bool expected_readback(const ParamDef& d, const std::vector<uint8_t>& wire, std::vector<uint8_t>& expect) {
-    switch (d.kind) {
-        case Kind::U8:
-        case Kind::U16:
-        case Kind::U32: expect = wire; return true;
-        case Kind::U16Get32: expect = {0, 0, wire[0], wire[1]}; return true;
-        case Kind::LowByte32: expect = {wire[3]}; return true;
-        case Kind::Text: expect = up_to_nul(wire); return true;
-        default: return false;
+    if (is_number(d)) {
+        // The number as the record keeps it: a 16-bit value widened, a low byte kept alone.
+        const size_t width = d.info.readable ? d.info.get_width : value_width(d);
+        expect = be_bytes(decode_number(wire), width);
+        return true;
     }
+    if (d.info.kind == ValueKind::Text && !d.info.verbatim) {
+        expect = up_to_nul(wire);
+        return true;
+    }
+    return false;
 }
 
 }  // namespace
@@ -103,17 +113,15 @@ bool expected_readback(const ParamDef& d, const std::vector<uint8_t>& wire, std:
 Readout read_param(Record& rec, const ParamDef& d) {
     Readout out;
     if (!is_readable(d)) {
-        out.error = d.kind == Kind::Ignored ? "not stored: the record keeps no field for it"
-                    : d.kind == Kind::Device ? "answered by the device, not stored in the record"
-                                             : "a diagnostic dump, not a stored value";
+        out.error = unstored_reason(d);
         return out;
     }
     if (is_set_only(d)) {
-        const unsigned char* f = rec.bytes() + d.field_offset;
-        if (d.kind == Kind::LowByte32) {
-            out.wire.assign(f, f + 1);
+        const unsigned char* f = rec.bytes() + d.info.offset;
+        if (is_number(d)) {
+            out.wire.assign(f, f + d.info.field_size);
         } else {
-            out.wire = up_to_nul(std::vector<uint8_t>(f, f + d.field_width));
+            out.wire = up_to_nul(std::vector<uint8_t>(f, f + d.info.field_size));
         }
         out.ok = true;
         return out;
@@ -121,17 +129,16 @@ Readout read_param(Record& rec, const ParamDef& d) {
     WireBuffer buf;
     const int r = rec.kind() == RecordKind::Terminal ? CMN_GetParam(rec.terminal(), d.id, buf.data(), buf.room())
                                                      : BBTAXI_GetParam(rec.taxi(), d.id, buf.data(), buf.room());
-    if (d.kind == Kind::Endpoint) {
+    if (d.info.kind == ValueKind::Endpoint) {
         // Rendered as text although the library answers -1.
         const size_t n = strnlen(reinterpret_cast<const char*>(buf.data()), static_cast<size_t>(buf.room()));
         out.wire.assign(buf.data(), buf.data() + n);
         out.ok = true;
         return out;
     }
-    if (is_number(d.kind)) {
-        // The get width of a number; the taxi's 16-bit values kept in 32-bit
-        // fields read back as 4 bytes.
-        const size_t width = d.kind == Kind::U16Get32 ? 4 : number_width(d.kind);
+    if (is_number(d)) {
+        // The bytes the get writes; 0x0081 / 0x0082 answer 4 for 2 written.
+        const size_t width = d.info.get_width;
         if (r < static_cast<int>(width)) {
             out.error = "the library gave no value (it answered " + std::to_string(r) + ")";
             return out;
@@ -140,7 +147,8 @@ Readout read_param(Record& rec, const ParamDef& d) {
         out.ok = true;
         return out;
     }
-    const bool may_be_empty = d.kind == Kind::Text || d.kind == Kind::RawText || d.kind == Kind::Raw;
+    const bool may_be_empty = d.info.kind == ValueKind::Text || d.info.kind == ValueKind::Raw ||
+                              d.info.kind == ValueKind::List;
     if (r < 0 || (r == 0 && !may_be_empty) || r > buf.room()) {
         out.error = "the library gave no value (it answered " + std::to_string(r) + ")";
         return out;
@@ -179,8 +187,8 @@ std::string quote_text(const std::vector<uint8_t>& bytes) {
 }
 
 std::string display_value(const ParamDef& d, const std::vector<uint8_t>& wire) {
-    if (is_number(d.kind)) return std::to_string(decode_number(wire));
-    if (is_text(d.kind)) return quote_text(wire);
+    if (is_number(d)) return std::to_string(decode_number(wire));
+    if (is_text(d)) return quote_text(wire);
     return to_hex(wire);
 }
 
@@ -188,28 +196,25 @@ std::string parse_user_value(const ParamDef& d, std::string_view text, std::vect
     wire.clear();
     if (!is_settable(d)) return unsettable_reason(d);
     std::string err;
-    if (is_number(d.kind)) {
+    if (is_number(d)) {
         uint64_t v = 0;
         if (!parse_number(text, v)) {
             return "'" + std::string(text) + "' is not a number (decimal or 0x-hex)";
         }
-        if (v > number_max(d.kind)) {
-            return std::string(text) + " is out of range for " + number_range(d.kind);
+        if (v > number_max(d)) {
+            return std::string(text) + " is out of range for " + number_range(d);
         }
-        const size_t width = number_width(d.kind);
-        for (size_t i = 0; i < width; i++) {
-            wire.push_back(static_cast<uint8_t>(v >> (8 * (width - 1 - i))));
-        }
+        wire = be_bytes(static_cast<uint32_t>(v), number_width(d));
         return "";
     }
-    if (is_text(d.kind)) {
+    if (is_text(d)) {
         if (starts_with(text, "hex:")) {
             if (!parse_hex(text.substr(4), wire, err)) return err;
             return "";
         }
         if (starts_with(text, "text:")) text.remove_prefix(5);
         wire.assign(text.begin(), text.end());
-        if (d.kind == Kind::RawText && wire.size() < d.limit) wire.resize(d.limit, 0);
+        if (d.info.verbatim && wire.size() < d.info.set_len) wire.resize(d.info.set_len, 0);
         return "";
     }
     // Raw bytes and blocks.
@@ -221,44 +226,35 @@ std::string parse_user_value(const ParamDef& d, std::string_view text, std::vect
 
 std::string check_wire(const Record& rec, const ParamDef& d, const std::vector<uint8_t>& wire) {
     const size_t n = wire.size();
-    switch (d.kind) {
-        case Kind::U8:
-        case Kind::U16:
-        case Kind::U32:
-        case Kind::U16Get32:
-        case Kind::LowByte32: {
-            const size_t width = number_width(d.kind);
-            if (n != width) {
-                return "wrong length: the value takes " + counted(width, "byte") + ", got " + std::to_string(n);
-            }
-            if (d.kind == Kind::LowByte32 && decode_number(wire) > 0xff) {
-                return "value " + std::to_string(decode_number(wire)) + " does not fit its one-byte field";
-            }
-            return "";
+    const bbconf::ParamInfo& p = d.info;
+    if (!p.settable) return unsettable_reason(d);
+    if (is_number(d)) {
+        if (n != p.set_len) {
+            return "wrong length: the value takes " + counted(p.set_len, "byte") + ", got " + std::to_string(n);
         }
-        case Kind::Text:
-        case Kind::RawText:
-        case Kind::Raw:
-            if (n > d.limit) {
-                return "too long for its field: " + counted(n, "byte") + ", room for " + std::to_string(d.limit);
-            }
-            return "";
-        case Kind::Block: {
-            const size_t form = d.limit ? d.limit : channel_settings_len(wire);
-            if (n != form) {
-                if (d.limit == 0 && n == 0) return "wrong length for the block: it needs at least its count byte";
-                return "wrong length for the block: " + counted(n, "byte") + ", its wire form has " +
-                       std::to_string(form);
-            }
-            WireBuffer buf;
-            std::memcpy(buf.data(), wire.data(), n);
-            if (d.check != nullptr && d.check(rec.terminal(), buf.data(), static_cast<unsigned char>(n)) == 0) {
-                return "rejected by the block codec";
-            }
-            return "";
+        if (decode_number(wire) > number_max(d)) {
+            return "value " + std::to_string(decode_number(wire)) + " does not fit its " +
+                   (value_width(d) == 1 ? "one" : "two") + "-byte field";
         }
-        default: return unsettable_reason(d);
+        return "";
     }
+    if (p.kind != ValueKind::Block) {
+        if (n > p.set_len) {
+            return "too long for its field: " + counted(n, "byte") + ", room for " + std::to_string(p.set_len);
+        }
+        return "";
+    }
+    const size_t form = p.fixed_set ? p.set_len : channel_settings_len(wire);
+    if (n != form) {
+        if (!p.fixed_set && n == 0) return "wrong length for the block: it needs at least its count byte";
+        return "wrong length for the block: " + counted(n, "byte") + ", its wire form has " + std::to_string(form);
+    }
+    // The library's checked set on a copy of the record runs the block's codec without touching the record.
+    tagBB_CONF_ST copy = *rec.terminal();
+    if (bbconf::set_param(&copy, d.id, wire.data(), n) == bbconf::SetResult::Rejected) {
+        return "rejected by the block codec";
+    }
+    return "";
 }
 
 std::string store_param(Record& rec, const ParamDef& d, const std::vector<uint8_t>& wire) {

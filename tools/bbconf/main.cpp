@@ -86,7 +86,7 @@ std::string table_line(const ParamDef& d, const std::string& value) {
 // A value as the terminal shows it: text from GBK to UTF-8, the rest as the
 // parameter tables print it.
 std::string shown(const ParamDef& d, const std::vector<uint8_t>& wire) {
-    return is_text(d.kind) ? display_text(wire) : display_value(d, wire);
+    return is_text(d) ? display_text(wire) : display_value(d, wire);
 }
 
 nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
@@ -96,9 +96,9 @@ nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
     if (!r.ok) {
         e["value"] = nullptr;
         e["error"] = r.error;
-    } else if (is_number(d.kind)) {
+    } else if (is_number(d)) {
         e["value"] = decode_number(r.wire);
-    } else if (is_text(d.kind)) {
+    } else if (is_text(d)) {
         std::string text;
         const bool whole = gbk_to_utf8(r.wire, text, [](std::string& out, uint8_t) { out += "\xef\xbf\xbd"; });
         e["value"] = text;
@@ -243,7 +243,7 @@ int cmd_set(const std::string& path, const std::vector<std::string>& assignments
         p.head = param_head(*d);
         std::vector<uint8_t> wire;
         std::string value = a.substr(eq + 1);
-        if (is_text(d->kind) && value.rfind("hex:", 0) != 0) {
+        if (is_text(*d) && value.rfind("hex:", 0) != 0) {
             // Typed as UTF-8, kept as GBK; "text:" keeps a text that starts with "hex:".
             const std::string plain = value.rfind("text:", 0) == 0 ? value.substr(5) : value;
             std::vector<uint8_t> gbk;
@@ -278,11 +278,6 @@ bool read_stream(FILE* f, std::string& text, std::string& error) {
     return true;
 }
 
-// The catalogue's record kind of a record file.
-bbconf::RecordKind catalogue_kind(const Record& rec) {
-    return rec.kind() == RecordKind::Terminal ? bbconf::RecordKind::Terminal : bbconf::RecordKind::Taxi;
-}
-
 // "0x0013 main_server_address", or the bare ID when the tool has no name for it.
 std::string item_head(const Record& rec, uint32_t id) {
     const ParamDef* d = id <= 0xffff ? find_param(rec.kind(), id) : nullptr;
@@ -294,7 +289,7 @@ std::string skip_reason(const Record& rec, const bbconf::ItemOutcome& o) {
     std::string why = bbconf::item_reason(o);
     bbconf::ParamInfo p;
     if ((o.result == bbconf::SetResult::WrongLength || o.result == bbconf::SetResult::TooLong) &&
-        bbconf::find_param(catalogue_kind(rec), o.id, &p) && p.set_len > 0) {
+        bbconf::find_param(rec.kind(), o.id, &p) && p.set_len > 0) {
         why += ": " + counted(o.len, "byte") + ", " +
                (o.result == bbconf::SetResult::TooLong ? "room for " + std::to_string(p.set_len)
                 : p.fixed_set || p.kind == bbconf::ValueKind::Number ? "the value takes " + std::to_string(p.set_len)
