@@ -169,8 +169,9 @@ struct AnswerReport {
 /* The answer to an ID list (`ids`, an 0x8106 body) or, with `ids` null, to
  * "query all" (0x8104): every parameter the record holds a readable value
  * for, in ascending ID order; the device's identity and the diagnostic
- * dumps are not record parameters and are left out of a query of all.
- * Asked IDs are answered in the order asked.  Each value is what the
+ * dumps are not record parameters and are left out of a query of all
+ * (as are rows whose get answers no value, such as 0x0026); a body holds at
+ * most 255 items, the rest are not answered.  Asked IDs are answered in the order asked.  Each value is what the
  * record's get answers with a buffer of 256 bytes, cut to the bytes the get
  * writes (0x0081 / 0x0082 answer 4 for the two bytes of their WORD: the
  * answer carries the WORD).  The value is read through a buffer of the
