@@ -66,10 +66,10 @@ struct Terminal {
         CMN_InitBbConfToDefault(&rec);
     }
     std::string get(uint16_t id) {
-        unsigned char buf[300] = {};
+        unsigned char buf[64 + 300] = {};  // the ADAS get logs the 56 bytes in front of its buffer
         bbtest::QuietStdout q;
-        const int n = CMN_GetParam(&rec, id, buf, 256);
-        return n < 0 ? "-" : hx(buf, static_cast<size_t>(n));
+        const int n = CMN_GetParam(&rec, id, buf + 64, 256);
+        return n < 0 ? "-" : hx(buf + 64, static_cast<size_t>(n));
     }
     // The value of one ID in the 0x0104 answer the terminal sends.
     std::string answered(uint32_t id) {
