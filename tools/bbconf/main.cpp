@@ -681,7 +681,7 @@ int main(int argc, char** argv) {
                                          "body bytes");
     query->add_option("--phone", qo.phone, "--frame: the terminal's phone number (default 0)");
     query->add_option("--serial", qo.serial, "--frame: the message serial of the first package (default 0)");
-    query->add_option("--version", qo.version, "--frame: 2013 or 2019 header (default 2013)")
+    query->add_option("--protocol", qo.version, "--frame: the 2013 or 2019 header (default 2013)")
         ->check(CLI::IsMember({2013, 2019}));
     query->add_flag("--force", force, "Read the file despite a checksum mismatch");
     query->footer("The list: a BYTE count, then per parameter a DWORD ID, a BYTE length and the value.\n"

@@ -294,7 +294,7 @@ TEST_F(Tool, QueryOfOneRecordAppliedToAnother) {
     EXPECT_EQ(applied.err.find("skipped: wrong"), npos) << applied.err;
     EXPECT_EQ(result("diff @a.bbc @b.bbc"), "0||");
 
-    const Outcome framed = run("query @a.bbc --frame --phone 13800001111 --serial 7 --version 2019");
+    const Outcome framed = run("query @a.bbc --frame --phone 13800001111 --serial 7 --protocol 2019");
     ASSERT_EQ(framed.status, 0) << framed.err;
     std::istringstream lines(framed.out);
     int packages = 0;
