@@ -42,7 +42,8 @@ enum class RecordKind : uint8_t { Terminal, Taxi };
 enum class ValueKind : uint8_t {
     Number,   /* big-endian unsigned number; set_len bytes on a set,
                  get_width bytes on a get (they differ for the taxi's 16-bit
-                 values kept in 32-bit fields and its 0x001d low byte) */
+                 values kept in 32-bit fields and its 0x001d low byte; the
+                 terminal's 0x0081 / 0x0082 write 2 bytes and answer 4) */
     Text,     /* text without terminator on the wire; at most set_len bytes
                  on a set.  `verbatim` rows copy the bytes as given and rely
                  on the field's last byte staying 0; the others terminate */
