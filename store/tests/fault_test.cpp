@@ -247,7 +247,7 @@ TEST_F(Fault, RootEditKeepsOwnerAndMode) {
 TEST_F(Fault, StdoutToDevFull) {
     make_record("f");
     const std::string err = path("f.err");
-    EXPECT_EQ(finish(spawn({kTool, "set", path("f"), "heartbeat_interval=9"}, "/dev/full", err)), 3);
+    EXPECT_EQ(finish(spawn({kTool, "set", path("f"), "heartbeat_interval=9"}, "/dev/full", err)), 4);
     EXPECT_NE(slurp(err).find("was written, but the answers could not be printed: No space left on device"),
               std::string::npos);
     EXPECT_EQ(u32_in("f", 0), 9u);
@@ -256,7 +256,7 @@ TEST_F(Fault, StdoutToDevFull) {
     EXPECT_EQ(slurp(path("f")), written);
     EXPECT_EQ(finish(spawn({kTool, "get", path("f"), "heartbeat_interval"}, "/dev/full", err)), 1);
     EXPECT_EQ(slurp(err), "bbconf: cannot print the answers: No space left on device\n");
-    std::printf("[  counts  ] set to /dev/full: written, status 3; refused set and get: status 1\n");
+    std::printf("[  counts  ] set to /dev/full: written, status 4; refused set and get: status 1\n");
 }
 
 #endif  // BBCONF_TOOL_PATH

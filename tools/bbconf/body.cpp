@@ -1,4 +1,4 @@
-// body.cpp - hex text and 0x8103 / 0x0104 parameter lists.
+// body.cpp - hex text and the words for faults of lists and messages.
 #include "body.h"
 
 #include <cstdio>
@@ -80,69 +80,28 @@ std::string to_hex(const uint8_t* data, size_t size) {
     return s;
 }
 
-bool parse_param_body(const uint8_t* data, size_t size, std::vector<BodyParam>& out, std::string& error) {
-    out.clear();
-    if (size == 0 || data == nullptr) {
-        error = "truncated body: it is empty (the first byte is the parameter count)";
-        return false;
-    }
-    const size_t count = data[0];
-    size_t pos = 1;
-    for (size_t n = 0; n < count; n++) {
-        const std::string which = "parameter " + std::to_string(n + 1) + " of " + std::to_string(count);
-        if (size - pos < 5) {
-            error = "truncated body: " + which + " at byte " + std::to_string(pos) +
-                    " needs a 4-byte ID and a length byte, only " + counted(size - pos, "byte") +
-                    (size - pos == 1 ? " remains" : " remain");
-            out.clear();
-            return false;
+std::string list_fault_text(const bbconf::ListFault& f, const char* what) {
+    using bbconf::ListError;
+    const std::string name = what;
+    switch (f.error) {
+        case ListError::None:
+            return "well-formed " + name;
+        case ListError::Empty:
+            return "empty " + name + ": the first byte is the count";
+        case ListError::Truncated: {
+            std::string s = "truncated " + name + ": the count announces " +
+                            counted(static_cast<size_t>(f.declared), "item") + ", " + std::to_string(f.found) +
+                            " found whole; item " + std::to_string(f.found + 1);
+            if (f.id != 0) s += " (ID " + id_text(f.id) + ")";
+            return s + " at byte " + std::to_string(f.offset) + " needs " + counted(f.needed, "byte") + ", " +
+                   std::to_string(f.remaining) + (f.remaining == 1 ? " remains" : " remain");
         }
-        BodyParam p;
-        p.id = static_cast<uint32_t>(data[pos]) << 24 | static_cast<uint32_t>(data[pos + 1]) << 16 |
-               static_cast<uint32_t>(data[pos + 2]) << 8 | data[pos + 3];
-        const size_t len = data[pos + 4];
-        pos += 5;
-        if (size - pos < len) {
-            error = "truncated body: " + which + " (ID " + id_text(p.id) + ") declares " + counted(len, "value byte") +
-                    ", only " + std::to_string(size - pos) + (size - pos == 1 ? " remains" : " remain");
-            out.clear();
-            return false;
-        }
-        p.value.assign(data + pos, data + pos + len);
-        pos += len;
-        out.push_back(std::move(p));
+        case ListError::TrailingBytes:
+            return "over-long " + name + ": " + counted(f.remaining, "byte") +
+                   (f.remaining == 1 ? " follows" : " follow") + " the last of the " +
+                   counted(static_cast<size_t>(f.declared), "item") + " the count announces";
     }
-    if (pos != size) {
-        error = "over-long body: " + counted(size - pos, "byte") + (size - pos == 1 ? " follows" : " follow") +
-                " the last of the " + counted(count, "parameter") + " the count announces";
-        out.clear();
-        return false;
-    }
-    return true;
-}
-
-bool build_param_body(const std::vector<BodyParam>& params, std::vector<uint8_t>& out, std::string& error) {
-    out.clear();
-    if (params.size() > kBodyMaxParams) {
-        error = "a body carries at most 255 parameters, " + std::to_string(params.size()) + " were asked for";
-        return false;
-    }
-    out.push_back(static_cast<uint8_t>(params.size()));
-    for (const BodyParam& p : params) {
-        if (p.value.size() > kBodyMaxValue) {
-            error = "the value of " + id_text(p.id) + " is " + std::to_string(p.value.size()) +
-                    " bytes, a body value holds at most 255";
-            out.clear();
-            return false;
-        }
-        out.push_back(static_cast<uint8_t>(p.id >> 24));
-        out.push_back(static_cast<uint8_t>(p.id >> 16));
-        out.push_back(static_cast<uint8_t>(p.id >> 8));
-        out.push_back(static_cast<uint8_t>(p.id));
-        out.push_back(static_cast<uint8_t>(p.value.size()));
-        out.insert(out.end(), p.value.begin(), p.value.end());
-    }
-    return true;
+    return name + ": ?";
 }
 
 }  // namespace bbtool

@@ -1,7 +1,7 @@
-// body.h - hex text and the parameter lists of the platform's "set terminal
-// parameters" (0x8103) and "query terminal parameters" response (0x0104)
-// message bodies.  Pure functions over caller-given bytes: no files, no
-// output, no exceptions other than std::bad_alloc.
+// body.h - hex text, and the words the tool uses for the faults of
+// parameter lists and whole messages that the library's message layer
+// reports.  Pure functions over caller-given bytes: no files, no output, no
+// exceptions other than std::bad_alloc.
 #ifndef BBCONF_TOOL_BODY_H
 #define BBCONF_TOOL_BODY_H
 
@@ -10,6 +10,8 @@
 #include <string>
 #include <string_view>
 #include <vector>
+
+#include "bbconf_message.h"
 
 namespace bbtool {
 
@@ -21,39 +23,19 @@ namespace bbtool {
 bool parse_hex(std::string_view text, std::vector<uint8_t>& out, std::string& error);
 
 // "1 byte", "3 bytes": a count with its noun.
-inline std::string counted(size_t n, const char* noun) {
-    return std::to_string(n) + " " + noun + (n == 1 ? "" : "s");
-}
+inline std::string counted(size_t n, const char* noun) { return std::to_string(n) + " " + noun + (n == 1 ? "" : "s"); }
 
 // Lower-case hex digits of the bytes, no separators.
 std::string to_hex(const uint8_t* data, size_t size);
 inline std::string to_hex(const std::vector<uint8_t>& bytes) { return to_hex(bytes.data(), bytes.size()); }
 
-// One parameter of a body: its DWORD ID and its value bytes.
-struct BodyParam {
-    uint32_t id = 0;
-    std::vector<uint8_t> value;
-};
-
-// Largest number of parameters and largest value a body can carry: the
-// count and each length are one byte.
-constexpr size_t kBodyMaxParams = 255;
-constexpr size_t kBodyMaxValue = 255;
-
-// Parses a parameter list: a BYTE count, then per parameter a big-endian
-// DWORD ID, a BYTE length and that many value bytes.  The body must end
-// exactly after the last parameter.  On a truncated or over-long body
-// returns false, leaves `out` empty and describes the fault in `error`
-// (which parameter, what was expected, what remained).
-bool parse_param_body(const uint8_t* data, size_t size, std::vector<BodyParam>& out, std::string& error);
-
-// Builds a parameter list in the same layout.  Returns false (and leaves
-// `out` empty) when there are more than 255 parameters or a value is longer
-// than 255 bytes.
-bool build_param_body(const std::vector<BodyParam>& params, std::vector<uint8_t>& out, std::string& error);
-
 // A parameter ID as the tool prints it: "0x0013".
 std::string id_text(uint32_t id);
+
+// One line about a malformed list: "truncated list: the count announces 126
+// items, 1 found whole; item 2 (ID 0x1234567) at byte 6 needs 142 bytes, 19
+// remain".  `what` names the list ("list", "ID list").
+std::string list_fault_text(const bbconf::ListFault& f, const char* what);
 
 }  // namespace bbtool
 

@@ -13,6 +13,7 @@
 #include <csignal>
 #include <cstdio>
 #include <cstring>
+#include <memory>
 #include <nlohmann/json.hpp>
 #include <string>
 #include <vector>
@@ -21,6 +22,7 @@
 #include "body.h"
 #include "params.h"
 #include "record.h"
+#include "text.h"
 
 namespace bbtool {
 namespace {
@@ -79,13 +81,16 @@ bool load_for(const std::string& command, const std::string& path, bool force, R
     return report_load(command, path, load_record(path, force, rec));
 }
 
+// Exit status of a command done in part: apply skipped items, query left
+// IDs out.
+constexpr int kDoneInPart = 3;
 // Exit status of a command that wrote the file but could not print its
 // answers: neither "done" nor "unchanged".
-constexpr int kWrittenUnanswered = 3;
+constexpr int kWrittenUnanswered = 4;
 
 // Runs a command's change to FILE as one locked update; the edit reports
 // its own refusals.  Prints the answers after a write and returns the exit
-// status: 0 written, 1 unchanged, 3 written but the answers not printed.
+// status: 0 written, 1 unchanged, 4 written but the answers not printed.
 int update_for(const std::string& command, const std::string& path, bool force, const RecordEdit& edit,
                const std::vector<std::string>& answers, bool create = false, bool replace = false) {
     Record rec;
@@ -118,37 +123,10 @@ std::string table_line(const ParamDef& d, const std::string& value) {
     return buf + value;
 }
 
-bool utf8_valid(const std::vector<uint8_t>& s) {
-    size_t i = 0;
-    while (i < s.size()) {
-        const uint8_t c = s[i];
-        size_t extra;
-        uint32_t cp;
-        if (c < 0x80) {
-            i++;
-            continue;
-        } else if ((c & 0xe0) == 0xc0) {
-            extra = 1;
-            cp = c & 0x1f;
-        } else if ((c & 0xf0) == 0xe0) {
-            extra = 2;
-            cp = c & 0x0f;
-        } else if ((c & 0xf8) == 0xf0) {
-            extra = 3;
-            cp = c & 0x07;
-        } else {
-            return false;
-        }
-        if (i + extra >= s.size()) return false;
-        for (size_t k = 1; k <= extra; k++) {
-            if ((s[i + k] & 0xc0) != 0x80) return false;
-            cp = cp << 6 | (s[i + k] & 0x3f);
-        }
-        static const uint32_t min_cp[] = {0, 0x80, 0x800, 0x10000};
-        if (cp < min_cp[extra] || cp > 0x10ffff || (cp >= 0xd800 && cp <= 0xdfff)) return false;
-        i += extra + 1;
-    }
-    return true;
+// A value as the terminal shows it: text from GBK to UTF-8, the rest as the
+// parameter tables print it.
+std::string shown(const ParamDef& d, const std::vector<uint8_t>& wire) {
+    return is_text(d) ? display_text(wire) : display_value(d, wire);
 }
 
 nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
@@ -161,8 +139,10 @@ nlohmann::json json_entry(const ParamDef& d, const Readout& r) {
     } else if (is_number(d)) {
         e["value"] = decode_number(r.wire);
     } else if (is_text(d)) {
-        e["value"] = std::string(r.wire.begin(), r.wire.end());
-        if (!utf8_valid(r.wire)) e["hex"] = to_hex(r.wire);
+        std::string text;
+        const bool whole = gbk_to_utf8(r.wire, text, [](std::string& out, uint8_t) { out += "\xef\xbf\xbd"; });
+        e["value"] = text;
+        if (!whole) e["hex"] = to_hex(r.wire);
     } else {
         e["value"] = to_hex(r.wire);
     }
@@ -205,7 +185,7 @@ int print_params(const std::string& command, Record& rec, const std::vector<cons
         if (json) {
             j[id_text(d->id)] = json_entry(*d, r);
         } else {
-            lines.push_back(table_line(*d, r.ok ? display_value(*d, r.wire) : "?"));
+            lines.push_back(table_line(*d, r.ok ? shown(*d, r.wire) : "?"));
         }
     }
     if (json) {
@@ -278,7 +258,6 @@ bool batch_stored(const std::string& command, const std::string& path, const std
 }
 
 std::vector<Pending> set_values(Record& rec, const std::vector<std::string>& assignments);
-std::vector<Pending> apply_body(Record& rec, const std::vector<BodyParam>& params);
 
 int cmd_set(const std::string& path, const std::vector<std::string>& assignments, bool force) {
     std::vector<std::string> answers;
@@ -310,7 +289,18 @@ std::vector<Pending> set_values(Record& rec, const std::vector<std::string>& ass
         }
         p.head = param_head(*d);
         std::vector<uint8_t> wire;
-        p.error = parse_user_value(*d, std::string_view(a).substr(eq + 1), wire);
+        std::string value = a.substr(eq + 1);
+        if (is_text(*d) && value.rfind("hex:", 0) != 0) {
+            // Typed as UTF-8, kept as GBK; "text:" keeps a text that starts with "hex:".
+            const std::string plain = value.rfind("text:", 0) == 0 ? value.substr(5) : value;
+            std::vector<uint8_t> gbk;
+            if (!utf8_to_gbk(plain, gbk, p.error)) {
+                results.push_back(p);
+                continue;
+            }
+            value = "text:" + std::string(gbk.begin(), gbk.end());
+        }
+        p.error = parse_user_value(*d, value, wire);
         if (p.error.empty()) p.error = store_param(rec, *d, wire);
         results.push_back(p);
     }
@@ -335,9 +325,118 @@ bool read_stream(FILE* f, std::string& text, std::string& error) {
     return true;
 }
 
-// The body is read and parsed before the record file is locked; its faults
+// "0x0013 main_server_address", or the bare ID when the tool has no name for it.
+std::string item_head(const Record& rec, uint32_t id) {
+    const ParamDef* d = id <= 0xffff ? find_param(rec.kind(), id) : nullptr;
+    return d != nullptr ? param_head(*d) : id_text(id);
+}
+
+// Why an item was skipped, with the field's size where the length was at fault.
+std::string skip_reason(const Record& rec, const bbconf::ItemOutcome& o) {
+    std::string why = bbconf::item_reason(o);
+    bbconf::ParamInfo p;
+    if ((o.result == bbconf::SetResult::WrongLength || o.result == bbconf::SetResult::TooLong) &&
+        bbconf::find_param(rec.kind(), o.id, &p) && p.set_len > 0) {
+        why += ": " + counted(o.len, "byte") + ", " +
+               (o.result == bbconf::SetResult::TooLong ? "room for " + std::to_string(p.set_len)
+                : p.fixed_set || p.kind == bbconf::ValueKind::Number ? "the value takes " + std::to_string(p.set_len)
+                                                                       : "the value takes at most " + std::to_string(p.set_len));
+    }
+    return why;
+}
+
+// A parameter list that arrived, and where it came from.
+struct Incoming {
+    std::vector<uint8_t> list;
+    std::string what;
+};
+
+// One or more whole messages, packages joined: the lists of the 0x8103
+// messages and of the 0x0104 answers (after their serial).
+bool read_messages(const std::vector<uint8_t>& bytes, std::vector<Incoming>& out, std::string& error) {
+    std::vector<uint8_t> joined(bytes.size()), work(bytes.size());
+    bbconf::PackageJoin join;
+    bbconf::join_start(&join, joined.data(), joined.size());
+    size_t at = 0;
+    for (int n = 1; at < bytes.size(); n++) {
+        const unsigned char* frame = nullptr;
+        size_t len = 0;
+        const size_t used = bbconf::next_frame(bytes.data() + at, bytes.size() - at, &frame, &len);
+        const std::string which = "message " + std::to_string(n);
+        if (used == 0 || frame != bytes.data() + at) {
+            error = "byte " + std::to_string(at) + " is not the start of a message (0x7e)";
+            return false;
+        }
+        at += used;
+        bbconf::Message m;
+        const bbconf::FrameError e = bbconf::unframe(frame, len, work.data(), work.size(), &m);
+        if (e != bbconf::FrameError::None) {
+            error = which + ": " + bbconf::to_string(e);
+            return false;
+        }
+        const bbconf::JoinState s = bbconf::join_add(&join, m);
+        if (s == bbconf::JoinState::OutOfOrder || s == bbconf::JoinState::NoRoom) {
+            error = which + " (package " + std::to_string(m.header.package_index) + " of " +
+                    std::to_string(m.header.package_count) + "): " + bbconf::to_string(s);
+            return false;
+        }
+        if (s != bbconf::JoinState::Complete) continue;
+        char id[8];
+        std::snprintf(id, sizeof id, "0x%04x", m.header.msg_id);
+        Incoming in;
+        if (m.header.msg_id == bbconf::kMsgSetParams) {
+            in.list.assign(joined.begin(), joined.begin() + static_cast<long>(join.len));
+        } else if (m.header.msg_id == bbconf::kMsgQueryResponse && join.len >= 2) {
+            in.list.assign(joined.begin() + 2, joined.begin() + static_cast<long>(join.len));
+        } else {
+            error = which + ": " + id + " carries no parameter values (0x8103 and 0x0104 do)";
+            return false;
+        }
+        in.what = which + " " + id;
+        out.push_back(std::move(in));
+    }
+    if (join.count != 0) {
+        error = "the last message lacks packages " + std::to_string(join.next + 1) + " to " + std::to_string(join.count);
+        return false;
+    }
+    return true;
+}
+
+// The lists of the input: whole messages when the bytes are framed, else a
+// 0x8103 body, else a 0x0104 body (answer serial first).
+bool read_lists(const std::vector<uint8_t>& bytes, std::vector<Incoming>& out, std::string& error) {
+    std::string framed;
+    if (bytes.size() >= 2 && bytes.front() == 0x7e && bytes.back() == 0x7e) {
+        if (read_messages(bytes, out, framed)) return true;
+        out.clear();
+    }
+    bbconf::ListFault fault;
+    if (bbconf::check_list(bytes.data(), bytes.size(), &fault) == bbconf::ListError::None) {
+        out.push_back(Incoming{bytes, "0x8103 body"});
+        return true;
+    }
+    if (bytes.size() >= 3 && bbconf::check_list(bytes.data() + 2, bytes.size() - 2, nullptr) == bbconf::ListError::None) {
+        out.push_back(Incoming{std::vector<uint8_t>(bytes.begin() + 2, bytes.end()),
+                               "0x0104 body (answer serial " + std::to_string(bytes[0] << 8 | bytes[1]) + ")"});
+        return true;
+    }
+    error = framed.empty() ? list_fault_text(fault, "list") : framed;
+    return false;
+}
+
+bbconf::ApplyReport apply_to(Record& rec, Record* scratch, const Incoming& in, bbconf::ItemOutcome* out) {
+    const unsigned char* l = in.list.data();
+    if (rec.kind() == RecordKind::Terminal) {
+        return scratch ? bbconf::apply_list_all_or_nothing(rec.terminal(), scratch->terminal(), l, in.list.size(), out, 255)
+                       : bbconf::apply_list(rec.terminal(), l, in.list.size(), out, 255);
+    }
+    return scratch ? bbconf::apply_list_all_or_nothing(rec.taxi(), scratch->taxi(), l, in.list.size(), out, 255)
+                   : bbconf::apply_list(rec.taxi(), l, in.list.size(), out, 255);
+}
+
+// The input is read and parsed before the record file is locked; its faults
 // are reported after the record's own, as the record is read first.
-int cmd_apply(const std::string& path, const std::string& source, bool force) {
+int cmd_apply(const std::string& path, const std::string& source, bool strict, bool force) {
     std::string text, err;
     bool read_ok = true;
     if (source.empty() || source == "-") {
@@ -354,12 +453,12 @@ int cmd_apply(const std::string& path, const std::string& source, bool force) {
     } else {
         text = source;
     }
-    std::vector<uint8_t> body;
-    std::vector<BodyParam> params;
-    const bool parsed =
-        read_ok && parse_hex(text, body, err) && parse_param_body(body.data(), body.size(), params, err);
+    std::vector<uint8_t> bytes;
+    std::vector<Incoming> lists;
+    const bool parsed = read_ok && parse_hex(text, bytes, err) && read_lists(bytes, lists, err);
     std::vector<std::string> answers;
-    bool nothing_to_do = false;  // a body of no parameters: the record read, nothing written
+    size_t items = 0, skipped = 0;
+    bool nothing_to_do = false;  // a list of no items: the record read, nothing written
     const int rc = update_for(
         "apply", path, force,
         [&](Record& rec, const UpdateResult&) {
@@ -367,78 +466,117 @@ int cmd_apply(const std::string& path, const std::string& source, bool force) {
                 error_line("apply", read_ok ? err + "; " + path + " left unchanged" : err);
                 return false;
             }
-            nothing_to_do = params.empty();
-            return batch_stored("apply", path, apply_body(rec, params), answers);
+            // All or nothing checks each list on a scratch record first;
+            // best effort stores item by item.
+            std::unique_ptr<Record> scratch(strict ? new Record(rec.kind()) : nullptr);
+            for (const Incoming& in : lists) {
+                bbconf::ItemOutcome out[255];
+                const bbconf::ApplyReport r = apply_to(rec, scratch.get(), in, out);
+                items += static_cast<size_t>(r.items);
+                for (int i = 0; i < r.items; i++) {
+                    const std::string head = item_head(rec, out[i].id);
+                    if (out[i].result == bbconf::SetResult::Stored) {
+                        answers.push_back(head + ": stored");
+                    } else {
+                        error_line("apply", head + ": skipped: " + skip_reason(rec, out[i]));
+                        skipped++;
+                    }
+                }
+            }
+            if (strict && skipped > 0) {
+                error_line("apply", path + " left unchanged: " + std::to_string(skipped) + " of " +
+                                        counted(items, "item") + " would be skipped (--strict)");
+                return false;
+            }
+            nothing_to_do = items == 0;
+            return !nothing_to_do;
         },
         answers);
-    return nothing_to_do ? 0 : rc;
-}
-
-std::vector<Pending> apply_body(Record& rec, const std::vector<BodyParam>& params) {
-    std::vector<Pending> results;
-    for (const BodyParam& bp : params) {
-        Pending p;
-        const ParamDef* d = bp.id <= 0xffff ? find_param(rec.kind(), bp.id) : nullptr;
-        if (d == nullptr) {
-            p.head = id_text(bp.id);
-            p.error = std::string("unknown ID for a ") + record_name(rec.kind()) + " record";
-        } else {
-            p.head = param_head(*d);
-            p.error = store_param(rec, *d, bp.value);
-        }
-        results.push_back(p);
-    }
-    return results;
+    if (nothing_to_do) return 0;
+    return rc == 0 && skipped > 0 ? kDoneInPart : rc;
 }
 
 // --- query ------------------------------------------------------------------
 
-int cmd_query(const std::string& path, const std::vector<std::string>& names, bool force) {
+struct QueryOptions {
+    bool answer = false;     // print the 0x0104 body with its answer serial
+    uint16_t answer_serial = 0;
+    bool frame = false;      // print whole 0x0104 messages
+    std::string phone = "0";
+    uint16_t serial = 0;
+    int version = 2013;
+};
+
+int cmd_query(const std::string& path, const std::vector<std::string>& names, const QueryOptions& o, bool force) {
     Record rec;
     if (!load_for("query", path, force, rec)) return 1;
-    std::vector<BodyParam> params;
-    if (names.empty()) {
-        for (const ParamDef& d : param_table(rec.kind())) {
-            if (!is_queryable(d)) continue;
-            const Readout r = read_param(rec, d);
-            if (!r.ok) {
-                error_line("query", "warning: " + param_head(d) + " left out: " + r.error);
-                continue;
-            }
-            params.push_back(BodyParam{d.id, r.wire});
-        }
-    } else {
-        bool bad = false;
-        for (const std::string& n : names) {
-            std::string err;
-            const ParamDef* d = resolve_param(rec.kind(), n, err);
-            Readout r;
-            if (d != nullptr) {
-                if (!is_queryable(*d)) {
-                    err = param_head(*d) + ": " + (is_set_only(*d) ? "set-only: the record's dictionary does not report it"
-                                                                     : read_param(rec, *d).error);
-                } else {
-                    r = read_param(rec, *d);
-                    if (!r.ok) err = param_head(*d) + ": " + r.error;
-                }
-            }
-            if (d == nullptr || !r.ok) {
-                error_line("query", err);
-                bad = true;
-                continue;
-            }
-            params.push_back(BodyParam{d->id, r.wire});
-        }
-        if (bad) return 1;
-    }
-    std::vector<uint8_t> body;
-    std::string err;
-    if (!build_param_body(params, body, err)) {
-        error_line("query", err);
+    bbconf::MessageHeader h{};
+    h.msg_id = bbconf::kMsgQueryResponse;
+    h.v2019 = o.version == 2019;
+    h.version = 1;
+    h.serial = o.serial;
+    if (o.frame && !bbconf::phone_from_digits(o.phone.c_str(), h.v2019, h.phone)) {
+        error_line("query", "--phone takes 1 to " + std::to_string(h.v2019 ? 20 : 12) + " digits, not '" + o.phone + "'");
         return 1;
     }
-    answer(to_hex(body));
-    return 0;
+    // The IDs asked, as an 0x8106 body; names the tool does not know are left out here.
+    std::vector<uint8_t> ids;
+    bool left_out = false;
+    if (!names.empty()) {
+        ids.push_back(0);
+        for (const std::string& n : names) {
+            uint64_t v = 0;
+            std::string err;
+            uint32_t id;
+            if (parse_number(n, v) && v <= 0xffffffffu) {
+                id = static_cast<uint32_t>(v);
+            } else if (const ParamDef* d = resolve_param(rec.kind(), n, err)) {
+                id = d->id;
+            } else {
+                error_line("query", err + ": left out");
+                left_out = true;
+                continue;
+            }
+            if (ids[0] == bbconf::kMaxListItems) {
+                error_line("query", "a query names at most 255 IDs");
+                return 1;
+            }
+            ids.push_back(0), ids.push_back(0), ids.push_back(0), ids.push_back(0);
+            for (int k = 0; k < 4; k++) ids[ids.size() - 4 + static_cast<size_t>(k)] = static_cast<uint8_t>(id >> (24 - 8 * k));
+            ids[0]++;
+        }
+    }
+    const unsigned char* asked = names.empty() ? nullptr : ids.data();
+    bbconf::LeftOut left[bbconf::kMaxListItems];
+    bbconf::AnswerReport r;
+    std::vector<uint8_t> body;
+    if (rec.kind() == RecordKind::Terminal) {
+        body.resize(bbconf::answer_size(rec.terminal(), asked, ids.size(), nullptr, 0).size);
+        r = bbconf::build_answer(rec.terminal(), o.answer_serial, asked, ids.size(), body.data(), body.size(), left, 255);
+    } else {
+        body.resize(bbconf::answer_size(rec.taxi(), asked, ids.size(), nullptr, 0).size);
+        r = bbconf::build_answer(rec.taxi(), o.answer_serial, asked, ids.size(), body.data(), body.size(), left, 255);
+    }
+    for (int i = 0; i < r.left_out && i < bbconf::kMaxListItems; i++) {
+        error_line("query", item_head(rec, left[i].id) + ": left out: " + bbconf::to_string(left[i].reason));
+        left_out = true;
+    }
+    if (!r.written) {
+        error_line("query", "the answer could not be built");
+        return 1;
+    }
+    if (o.frame) {
+        for (int i = 1; i <= bbconf::package_count(body.size()); i++) {
+            std::vector<uint8_t> frame(2 * (bbconf::kMaxPackageBody + 32));
+            size_t n = 0;
+            bbconf::frame_package(h, body.data(), body.size(), i, frame.data(), frame.size(), &n);
+            answer(to_hex(frame.data(), n));
+        }
+    } else {
+        const size_t skip = o.answer ? 0 : 2;
+        answer(to_hex(body.data() + skip, body.size() - skip));
+    }
+    return left_out ? kDoneInPart : 0;
 }
 
 // --- check / diff / list ----------------------------------------------------
@@ -469,8 +607,8 @@ int cmd_diff(const std::string& a_path, const std::string& b_path, bool force) {
         if (!is_readable(d)) continue;
         const Readout ra = read_param(a, d);
         const Readout rb = read_param(b, d);
-        const std::string va = ra.ok ? display_value(d, ra.wire) : "?";
-        const std::string vb = rb.ok ? display_value(d, rb.wire) : "?";
+        const std::string va = ra.ok ? shown(d, ra.wire) : "?";
+        const std::string vb = rb.ok ? shown(d, rb.wire) : "?";
         if (ra.ok == rb.ok && ra.wire == rb.wire) continue;
         answer(param_head(d) + ": " + va + " -> " + vb);
         differ++;
@@ -505,9 +643,11 @@ int main(int argc, char** argv) {
     app.footer(
         "Parameters are named by ID (0x0013, or decimal 19) or by name (main_server_address);\n"
         "'bbconf list' shows the names.  Exit status: 0 done, 1 refused or failed (the file is then\n"
-        "unchanged), 2 usage error, 3 the file was written but the answers could not be printed;\n"
-        "diff: 0 same, 1 different, 2 trouble.  A write holds a lock on the file's directory from\n"
-        "reading to renaming, so concurrent writers never lose an update.\n\n"
+        "unchanged), 2 usage error, 3 done in part (apply: items skipped; query: IDs left out),\n"
+        "4 the file was written but the answers could not be printed; diff: 0 same, 1 different,\n"
+        "2 trouble.  A write holds a lock on the file's directory from reading to renaming, so\n"
+        "concurrent writers never lose an update.  Text values are GBK in the record and UTF-8 on\n"
+        "the terminal.\n\n"
         "Examples:\n"
         "  bbconf init terminal.bbc\n"
         "  bbconf set terminal.bbc heartbeat_interval=30 main_server_apn=cmnet 0x0081=44\n"
@@ -560,24 +700,47 @@ int main(int argc, char** argv) {
         "  bbconf set terminal.bbc main_server_address=10.0.0.1 night_speed_limit=hex:0150220000060000\n"
         "  bbconf set terminal.bbc 0xf364=hex:$(cat adas.hex)");
 
-    auto* apply = app.add_subcommand("apply", "Apply a 0x8103 set-terminal-parameters message body");
+    bool strict = false;
+    auto* apply = app.add_subcommand("apply", "Apply a 0x8103 set-terminal-parameters message or a 0x0104 answer");
     apply->add_option("FILE", file, "Record file")->required();
-    apply->add_option("BODY", body,
-                      "The body as hex, a file holding the hex, or - for standard input (the default)");
+    apply->add_option("INPUT", body,
+                      "Hex: a message body or whole messages; given here, in a file, or - for standard input "
+                      "(the default)");
+    apply->add_flag("--strict", strict, "All or nothing: store no item unless every item can be stored");
     apply->add_flag("--force", force, "Read the file despite a checksum mismatch");
     apply->footer(
-        "The body: a BYTE parameter count, then per parameter a DWORD ID, a BYTE length and the\n"
-        "value, big-endian.  Each parameter is reported as set reports it; the file is written\n"
-        "once, after the whole body parsed and every parameter was stored.\n\nExamples:\n"
+        "INPUT is one of, told apart by its bytes:\n"
+        "  a 0x8103 body: a BYTE count, then per item a DWORD ID, a BYTE length and the value;\n"
+        "  a 0x0104 body: a WORD answer serial, then the same list;\n"
+        "  one or more whole messages (0x7e ... 0x7e, 2013 or 2019 header) of 0x8103 or 0x0104,\n"
+        "  packages of a split message joined in order.\n"
+        "Each item is stored or skipped (unknown ID, get-only, wrong length, too long, rejected by\n"
+        "the block codec); stored items are listed on standard output, skipped ones with their\n"
+        "reason on standard error.  The file is written once.\n"
+        "Exit status: 0 every item stored; 3 the file was written, some items skipped; 1 the input\n"
+        "was refused (malformed hex, list or message; with --strict, any item skipped) and the file\n"
+        "is unchanged.\n\nExamples:\n"
         "  bbconf apply terminal.bbc 0100000001040000001e\n"
-        "  xxd -p body.bin | bbconf apply terminal.bbc -");
+        "  bbconf apply terminal.bbc 7E8103000A000123456789000A0100000001040000000A057E\n"
+        "  bbconf query a.bbc | bbconf apply b.bbc -");
 
-    auto* query = app.add_subcommand("query", "Print the parameter list of a 0x0104 query response as hex");
+    QueryOptions qo;
+    auto* query = app.add_subcommand("query", "Answer a parameter query: the list of a 0x0104 response as hex");
     query->add_option("FILE", file, "Record file")->required();
-    query->add_option("PARAM", items, "Parameter IDs or names (default: every readable parameter)");
+    query->add_option("PARAM", items, "Parameter IDs or names (default: every parameter the record holds)");
+    auto* answer_opt = query->add_option("--answer", qo.answer_serial,
+                                         "Print the whole 0x0104 body, this answer serial first");
+    query->add_flag("--frame", qo.frame, "Print whole 0x0104 messages, one a line, in packages of at most 1023 "
+                                         "body bytes");
+    query->add_option("--phone", qo.phone, "--frame: the terminal's phone number (default 0)");
+    query->add_option("--serial", qo.serial, "--frame: the message serial of the first package (default 0)");
+    query->add_option("--protocol", qo.version, "--frame: the 2013 or 2019 header (default 2013)")
+        ->check(CLI::IsMember({2013, 2019}));
     query->add_flag("--force", force, "Read the file despite a checksum mismatch");
-    query->footer("The list: a BYTE count, then per parameter a DWORD ID, a BYTE length and the value.\n\n"
-                  "Examples:\n  bbconf query terminal.bbc 0x0001 0x0013\n  bbconf query terminal.bbc");
+    query->footer("The list: a BYTE count, then per parameter a DWORD ID, a BYTE length and the value.\n"
+                  "IDs the record does not hold are left out and named on standard error (exit status 3).\n\n"
+                  "Examples:\n  bbconf query terminal.bbc 0x0001 0x0013\n  bbconf query terminal.bbc\n"
+                  "  bbconf query terminal.bbc --answer 7 --frame --phone 13800001111 --serial 100");
 
     auto* check = app.add_subcommand("check", "Check a record file's size and checksum (exit status 0 or 1)");
     check->add_option("FILE", file, "Record file")->required();
@@ -613,8 +776,11 @@ int main(int argc, char** argv) {
     else if (show->parsed()) rc = cmd_show(file, json, force);
     else if (get->parsed()) rc = cmd_get(file, items, json, force);
     else if (set->parsed()) rc = cmd_set(file, items, force);
-    else if (apply->parsed()) rc = cmd_apply(file, body, force);
-    else if (query->parsed()) rc = cmd_query(file, items, force);
+    else if (apply->parsed()) rc = cmd_apply(file, body, strict, force);
+    else if (query->parsed()) {
+        qo.answer = answer_opt->count() > 0;
+        rc = cmd_query(file, items, qo, force);
+    }
     else if (check->parsed()) rc = cmd_check(file);
     else if (diff->parsed()) rc = cmd_diff(file, file_b, force);
     else if (list->parsed()) rc = cmd_list(taxi);

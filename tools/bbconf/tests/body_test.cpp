@@ -1,4 +1,4 @@
-// The hex parser and the 0x8103 / 0x0104 parameter lists.
+// The hex parser, the words for list faults and the GBK text conversion.
 #include <gtest/gtest.h>
 
 #include <cstdio>
@@ -6,10 +6,10 @@
 #include <vector>
 
 #include "body.h"
+#include "text.h"
 
 namespace {
 
-using bbtool::BodyParam;
 using Bytes = std::vector<uint8_t>;
 
 TEST(ToolHex, ParsesPairsFormatsLowerCaseAndNamesTheFirstFault) {
@@ -36,59 +36,54 @@ TEST(ToolHex, ParsesPairsFormatsLowerCaseAndNamesTheFirstFault) {
     }
 }
 
-TEST(ToolBody, ParsesParameterListsAndRefusesTruncatedOrOverLongOnes) {
-    const char* cases[][3] = {
-        // the body as hex, the parameters parsed ("ID:value ..."), the error
-        {"00", "", ""},
-        {"01 00000001 04 0000001e", "1:0000001e ", ""},
-        {"01 0000f364 00", "f364: ", ""},
-        {"02 12345678 01 aa 00000010 02 6162", "12345678:aa 10:6162 ", ""},  // high ID bytes kept
-        {"", "", "truncated body: it is empty (the first byte is the parameter count)"},
-        {"01", "",
-         "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 0 bytes remain"},
-        {"01 000000", "",
-         "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 3 bytes remain"},
-        {"01 00000001", "",
-         "truncated body: parameter 1 of 1 at byte 1 needs a 4-byte ID and a length byte, only 4 bytes remain"},
-        {"01 00000001 04 010203", "",
-         "truncated body: parameter 1 of 1 (ID 0x0001) declares 4 value bytes, only 3 remain"},
-        {"02 00000001 01 09", "",
-         "truncated body: parameter 2 of 2 at byte 7 needs a 4-byte ID and a length byte, only 0 bytes remain"},
-        {"01 00000001 01 09 00", "", "over-long body: 1 byte follows the last of the 1 parameter the count announces"},
-        {"00 0000", "", "over-long body: 2 bytes follow the last of the 0 parameters the count announces"},
+// The library's list faults in the tool's words: the count, the items found and where it broke.
+TEST(ToolBody, NamesTheFaultsOfLists) {
+    const char* cases[][2] = {
+        {"", "empty list: the first byte is the count"},
+        {"01", "truncated list: the count announces 1 item, 0 found whole; item 1 at byte 1 needs 5 bytes, 0 remain"},
+        {"01 00000001", "truncated list: the count announces 1 item, 0 found whole; item 1 at byte 1 needs 5 bytes, 4 remain"},
+        {"01 00000013 04 010203",
+         "truncated list: the count announces 1 item, 0 found whole; item 1 (ID 0x0013) at byte 1 needs 9 bytes, 8 remain"},
+        {"7E8103000A000123456789000A0100000001040000000A057E",
+         "truncated list: the count announces 126 items, 1 found whole; item 2 (ID 0x1234567) at byte 6 needs 142 "
+         "bytes, 19 remain"},
+        {"01 00000001 01 09 00", "over-long list: 1 byte follows the last of the 1 item the count announces"},
+        {"00 0000", "over-long list: 2 bytes follow the last of the 0 items the count announces"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c[0]);
-        Bytes body;
+        Bytes list;
         std::string err;
-        ASSERT_TRUE(bbtool::parse_hex(c[0], body, err));
-        std::vector<BodyParam> out = {{1, {1}}};  // must be replaced, also on failure
-        EXPECT_EQ(bbtool::parse_param_body(body.data(), body.size(), out, err), *c[2] == '\0');
-        std::string got;
-        for (const BodyParam& p : out) {
-            char id[16];
-            std::snprintf(id, sizeof id, "%x:", p.id);
-            got += id + bbtool::to_hex(p.value) + " ";
-        }
-        EXPECT_EQ(got, c[1]);
-        EXPECT_EQ(err, c[2]);
+        ASSERT_TRUE(bbtool::parse_hex(c[0], list, err));
+        bbconf::ListFault f;
+        ASSERT_NE(bbconf::check_list(list.data(), list.size(), &f), bbconf::ListError::None);
+        EXPECT_EQ(bbtool::list_fault_text(f, "list"), c[1]);
     }
 }
 
-TEST(ToolBody, BuildsTheSameLayoutUpToOneByteCounts) {
-    Bytes body;
+// GBK on the wire, UTF-8 on the terminal; bytes that do not convert shown escaped.
+TEST(ToolText, GbkShownAsUtf8AndTypedBack) {
+    const char* cases[][2] = {
+        {"d4c142383838383820202020", "\"粤B88888    \""},
+        {"bea941313233343520", "\"京A12345 \""},
+        {"41e40a22", "\"A\\xe4\\n\\\"\""},
+        {"41e4", "\"A\\xe4\""},
+        {"ff41", "\"\\xffA\""},
+        {"", "\"\""},
+    };
+    for (const auto& c : cases) {
+        Bytes gbk;
+        std::string err;
+        ASSERT_TRUE(bbtool::parse_hex(c[0], gbk, err));
+        EXPECT_EQ(bbtool::display_text(gbk), c[1]) << c[0];
+    }
+    Bytes out;
     std::string err;
-    ASSERT_TRUE(
-        bbtool::build_param_body({{0x0001, {0, 0, 0, 0x14}}, {0xf364, Bytes(255, 0x5a)}, {0x0013, {}}}, body, err));
-    // count 3; 0x0001 = 20; 0xf364 with 255 bytes; 0x0013 empty
-    EXPECT_EQ(bbtool::to_hex(body), "030000000104000000140000f364ff" + bbtool::to_hex(Bytes(255, 0x5a)) + "0000001300");
-    EXPECT_FALSE(bbtool::build_param_body({{0x0001, Bytes(256, 0)}}, body, err));
-    EXPECT_EQ(err, "the value of 0x0001 is 256 bytes, a body value holds at most 255");
-    EXPECT_TRUE(body.empty());
-    EXPECT_FALSE(bbtool::build_param_body(std::vector<BodyParam>(256, BodyParam{1, {}}), body, err));
-    EXPECT_EQ(err, "a body carries at most 255 parameters, 256 were asked for");
-    EXPECT_TRUE(bbtool::build_param_body(std::vector<BodyParam>(255, BodyParam{1, {}}), body, err));
-    EXPECT_EQ(body[0], 255);
+    ASSERT_TRUE(bbtool::utf8_to_gbk("京A12345", out, err));
+    EXPECT_EQ(bbtool::to_hex(out), "bea9413132333435");
+    EXPECT_FALSE(bbtool::utf8_to_gbk("\xe4\xba", out, err));         // cut UTF-8
+    EXPECT_FALSE(bbtool::utf8_to_gbk("\xf0\x9f\x98\x80", out, err));  // no GBK form
+    EXPECT_EQ(err, "the text is not UTF-8 or has a character GBK cannot write");
 }
 
 }  // namespace

@@ -13,6 +13,7 @@
 #include <string>
 #include <vector>
 
+#include "bbconf_message.h"
 #include "body.h"
 #include "test_util.h"
 
@@ -189,11 +190,15 @@ TEST_F(Tool, ApplyAndQuery) {
     // Without IDs: every readable parameter, nothing set-only or answered by the device.
     const std::string q = run("query @t.bbc").out;
     std::vector<uint8_t> all;
-    std::vector<bbtool::BodyParam> params;
     std::string err;
-    ASSERT_TRUE(bbtool::parse_hex(q, all, err) && bbtool::parse_param_body(all.data(), all.size(), params, err)) << err;
+    ASSERT_TRUE(bbtool::parse_hex(q, all, err)) << err;
+    ASSERT_EQ(bbconf::check_list(all.data(), all.size(), nullptr), bbconf::ListError::None);
     EXPECT_EQ(q.substr(2, 18), "000000010400000014");  // heartbeat_interval 20 comes first
-    for (const auto& p : params) EXPECT_TRUE(p.id < 0xff00 && p.id != 0xf441) << p.id;
+    size_t pos = 0;
+    bbconf::ListItem item;
+    while (bbconf::next_item(all.data(), all.size(), &pos, &item)) {
+        EXPECT_TRUE(item.id < 0xff00 && item.id != 0xf441) << item.id;
+    }
 
     const std::string body =  // u32, text, u16 and the ADAS block
         "0400000001040000003c000000130831302e302e302e390000008102002c"
@@ -220,6 +225,94 @@ TEST_F(Tool, ApplyAndQuery) {
     EXPECT_EQ(result("query @x.bbc 0x0073"), "0|01000000730400000102\n|");
 }
 
+// Whole messages and answers in, items skipped with their reasons (status 3), --strict, and answers out.
+TEST_F(Tool, ApplyTakesMessagesAndSkipsWhatTheRecordDoesNotKeep) {
+    init({"t.bbc", "u.bbc"});
+    const std::string heartbeat = "0x0001 heartbeat_interval: stored\n";
+    EXPECT_EQ(result("apply @t.bbc 7E8103000A000123456789000A0100000001040000000A057E"), "0|" + heartbeat + "|");
+    EXPECT_EQ(result("query @t.bbc 1 --answer 20"), "0|00140100000001040000000a\n|");
+    // A 0x0104 answer told apart by its serial; a 2019 header.
+    EXPECT_EQ(result("apply @t.bbc 007B0100000001040000003C"), "0|" + heartbeat + "|");
+    EXPECT_EQ(result("apply @t.bbc 7E0104401501000000000001234567890064006F02000000010400000063000000120461626364A57E"),
+              "0|" + heartbeat + "0x0012 main_server_password: stored\n|");
+
+    const auto before = state();
+    EXPECT_EQ(result("apply @t.bbc 05"
+                     "0000003204" "00000001"      // a 2019 ID this record lacks
+                     "0000011002" "0a0b"          // 8-byte CAN setting, 2 bytes given
+                     "00000026" "00"              // get-only
+                     "00010001" "01" "01"         // above 0xffff
+                     "0000000104" "0000001e"),
+              "3|" + heartbeat +
+                  "|bbconf: apply: 0x0032: skipped: unknown ID\n"
+                  "bbconf: apply: 0x0110 can_id_setting: skipped: wrong length: 2 bytes, the value takes 8\n"
+                  "bbconf: apply: 0x0026 slave_server_endpoint: skipped: get-only\n"
+                  "bbconf: apply: 0x10001: skipped: ID above 0xFFFF\n");
+    EXPECT_TRUE(state() != before);
+    EXPECT_EQ(result("get @t.bbc 0x0001"), "0|0x0001  heartbeat_interval          u32         30\n|");
+
+    // Queries: unknown IDs left out and named, status 3.
+    EXPECT_EQ(result("query @t.bbc 0x0009 1 0x007f"),
+              "3|0100000001040000001e\n|bbconf: query: 0x0009: left out: unknown ID\n"
+              "bbconf: query: 0x007f: left out: unknown ID\n");
+}
+
+// Every peer message that carries values, as a body or whole, is applied in full.
+TEST_F(Tool, AppliesThePeerMessages) {
+    init({"t.bbc"});
+    std::string file = __FILE__;
+    std::ifstream vectors(file.substr(0, file.rfind("/tools/")) + "/tests/data/peer_vectors.txt");
+    int applied = 0;
+    for (std::string line; std::getline(vectors, line);) {
+        std::istringstream words(line);
+        std::string name, form, hex;
+        if (!(words >> name >> form >> hex) || name[0] == '#' || form == "ids8106") continue;
+        const Outcome r = run("apply @t.bbc " + hex);
+        if (hex.substr(2, 4) == "8104") {  // a query carries no values
+            EXPECT_EQ(r.status, 1) << name;
+            continue;
+        }
+        EXPECT_EQ(r.status, 0) << name << ": " << r.err;
+        EXPECT_NE(r.out.find(": stored\n"), npos) << name;
+        applied++;
+    }
+    EXPECT_EQ(applied, 14);
+}
+
+// query A | apply B - gives B every settable parameter of A; framed, in packages of at most 1023 body bytes.
+TEST_F(Tool, QueryOfOneRecordAppliedToAnother) {
+    init({"a.bbc", "b.bbc", "c.bbc"});
+    ASSERT_EQ(run("set @a.bbc heartbeat_interval=45 main_server_apn=cmnet plate_number=京A12345 "
+                  "0xf367=0201 0x0110=000003e8c000ddd5").status, 0);
+    EXPECT_EQ(result("get @a.bbc plate_number"), "0|0x0083  plate_number                text(31)    \"京A12345\"\n|");
+    EXPECT_EQ(result("query @a.bbc plate_number"), "0|010000008308bea9413132333435\n|");  // GBK on the wire
+    const Outcome list = run("query @a.bbc");
+    ASSERT_EQ(list.status, 0) << list.err;
+    const Outcome applied = run("apply @b.bbc -", list.out);
+    EXPECT_EQ(applied.status, 3);
+    EXPECT_NE(applied.err.find(": skipped: get-only\n"), npos);
+    EXPECT_EQ(applied.err.find("skipped: wrong"), npos) << applied.err;
+    EXPECT_EQ(result("diff @a.bbc @b.bbc"), "0||");
+
+    const Outcome framed = run("query @a.bbc --frame --phone 13800001111 --serial 7 --protocol 2019");
+    ASSERT_EQ(framed.status, 0) << framed.err;
+    std::istringstream lines(framed.out);
+    int packages = 0;
+    for (std::string line; std::getline(lines, line); packages++) {
+        std::vector<uint8_t> frame;
+        std::string err;
+        ASSERT_TRUE(bbtool::parse_hex(line, frame, err));
+        bbconf::Message m;
+        ASSERT_EQ(bbconf::unframe(frame.data(), frame.size(), frame.data(), frame.size(), &m), bbconf::FrameError::None);
+        EXPECT_LE(m.body_len, 1023u);
+        EXPECT_EQ(m.header.serial, 7 + packages);
+        EXPECT_TRUE(m.header.v2019);
+    }
+    EXPECT_GE(packages, 2);
+    EXPECT_EQ(run("apply @c.bbc -", framed.out).status, 3);
+    EXPECT_EQ(result("diff @a.bbc @c.bbc"), "0||");
+}
+
 // Every refusal: a line per fault, status 1, nothing on standard output, no file changed or left behind.
 TEST_F(Tool, BadInputLeavesTheFilesUntouched) {
     init({"t.bbc"});
@@ -236,14 +329,15 @@ TEST_F(Tool, BadInputLeavesTheFilesUntouched) {
     const std::pair<std::string, std::string> cases[] = {
         // the command, and the lines after "bbconf: COMMAND: "
         {"apply @t.bbc 01zz", "malformed hex: 'z' at position 3 is not a hex digit" + kept},
-        {"apply @t.bbc -", "truncated body: it is empty (the first byte is the parameter count)" + kept},
-        {"apply @t.bbc 02000000010400000005000000080100",
-         "0x0008: unknown ID for a terminal record\nD/t.bbc left unchanged: 1 of 2 values refused"},
-        {"apply @t.bbc 01000100010100", "0x10001: unknown ID for a terminal record" + one},
-        {"apply @t.bbc 0100000001020005",
-         "0x0001 heartbeat_interval: wrong length: the value takes 4 bytes, got 2" + one},
-        {"apply @t.bbc 01000000260100",
-         "0x0026 slave_server_endpoint: get-only: the record's dictionary does not set it" + one},
+        {"apply @t.bbc -", "empty list: the first byte is the count" + kept},
+        {"apply @t.bbc 0200000001040000000500", "truncated list: the count announces 2 items, 1 found whole; item 2 "
+                                                "at byte 10 needs 5 bytes, 1 remains" + kept},
+        {"apply @t.bbc 7E8103000A000123456789000A0100000001040000000A067E",
+         "message 1: the check code does not match" + kept},
+        {"apply @t.bbc 7E8104000001234567890000010D7E",
+         "message 1: 0x8104 carries no parameter values (0x8103 and 0x0104 do)" + kept},
+        {"apply --strict @t.bbc 02000000010400000005000000080100",
+         "0x0008: skipped: unknown ID\nD/t.bbc left unchanged: 1 of 2 items would be skipped (--strict)"},
         {"set @t.bbc heartbeat=1",
          "'heartbeat': unknown parameter name 'heartbeat' for a terminal record (bbconf list shows the names)" + one},
         {"set @t.bbc heartbeat_interval", "'heartbeat_interval': not of the form ID=VALUE or NAME=VALUE" + one},
@@ -264,7 +358,6 @@ TEST_F(Tool, BadInputLeavesTheFilesUntouched) {
          "D/t.bbc left unchanged: 1 of 2 values refused"},
         {"init @t.bbc", "D/t.bbc exists; --force replaces it with factory defaults"},
         {"get @t.bbc 0x0008", "unknown ID 0x0008 for a terminal record"},
-        {"query @t.bbc 0xff00", "0xff00 device_mac: answered by the device, not stored in the record"},
         {"set @crc.bbc heartbeat_interval=1", mismatch + "; --force reads it anyway"},
         {"check @crc.bbc", mismatch},
         {"apply @short.bbc 00",
