@@ -135,11 +135,10 @@ AnswerReport walk_answer(Rec* rec, uint16_t serial, const unsigned char* ids, si
                 known = false;
             }
         }
-        int n = -1;
         if (known) {
             const bool direct = fits && pos >= kFront && out_size - pos >= kItemHead + kValueBuf;
             unsigned char* dst = direct ? out + pos + kItemHead : scratch + kFront;
-            n = get_value(rec, static_cast<uint16_t>(id), dst);
+            int n = get_value(rec, static_cast<uint16_t>(id), dst);
             if (info.get_max > 0 && n > info.get_max) {
                 n = info.get_max; /* 0x0081 / 0x0082 answer 4 but write the two bytes of their WORD */
             }

@@ -12,7 +12,7 @@ namespace bbconf {
 void wire_to_local(WireTable t, const unsigned char* wire, unsigned char* local) {
     for (int i = 0; i < t.count; i++) {
         const WireField& f = t.rows[i];
-        for (unsigned n = 0; n < f.count; n++) {
+        for (size_t n = 0; n < f.count; n++) {
             unsigned char* to = local + f.local + n * f.width;
             if (f.rule == Rule::LocalOnly) {
                 store_ne(to, f.width, 0);
@@ -33,7 +33,7 @@ void local_to_wire(WireTable t, const unsigned char* local, unsigned char* wire)
         if (f.rule == Rule::LocalOnly) {
             continue;
         }
-        for (unsigned n = 0; n < f.count; n++) {
+        for (size_t n = 0; n < f.count; n++) {
             store_be(wire + f.wire + n * f.width, f.width, load_ne(local + f.local + n * f.width, f.width));
         }
     }
