@@ -150,8 +150,10 @@ inline void put_packed_defaults(unsigned char* base, const PackedDefault* rows, 
                 copy_bounded(reinterpret_cast<char*>(to), text + d.text, d.width);
                 break;
             case Fill::Bytes:
-                for (unsigned n = 0; n < d.width; n++) {
-                    to[n] = static_cast<unsigned char>(text[d.text + n % d.pattern_len]);
+                /* The pattern repeats; no division, which 32-bit ARM
+                 * would take from libgcc. */
+                for (unsigned n = 0, k = 0; n < d.width; n++, k = k + 1 == d.pattern_len ? 0 : k + 1) {
+                    to[n] = static_cast<unsigned char>(text[d.text + k]);
                 }
                 break;
         }

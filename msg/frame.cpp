@@ -218,7 +218,13 @@ FrameError frame_message(const MessageHeader& h, const unsigned char* body, size
 }
 
 int package_count(size_t body_len) {
-    return body_len <= kMaxPackageBody ? 1 : static_cast<int>((body_len + kMaxPackageBody - 1) / kMaxPackageBody);
+    /* Counted rather than divided: an -Os build for 32-bit ARM would take
+     * the division from libgcc. */
+    int n = 1;
+    for (size_t left = body_len; left > kMaxPackageBody; left -= kMaxPackageBody) {
+        n++;
+    }
+    return n;
 }
 
 FrameError frame_package(const MessageHeader& h, const unsigned char* body, size_t body_len, int index,
