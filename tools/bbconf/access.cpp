@@ -242,6 +242,10 @@ std::string check_wire(const Record& rec, const ParamDef& d, const std::vector<u
         if (n > p.set_len) {
             return "too long for its field: " + counted(n, "byte") + ", room for " + std::to_string(p.set_len);
         }
+        if (p.fixed_set && n != p.set_len) {
+            // A shorter value would leave the field's old bytes behind it.
+            return "too short for its field: " + counted(n, "byte") + ", the value takes " + std::to_string(p.set_len);
+        }
         return "";
     }
     const size_t form = p.fixed_set ? p.set_len : channel_settings_len(wire);
