@@ -10,21 +10,11 @@ namespace {
 
 using bbtest::dump_text;
 using bbtest::hex;
-using bbtest::output_of;
 using Bytes = std::vector<unsigned char>;
 
-std::string assert_line(const std::string& fn, const char* text) { return "[ASSERT][" + fn + ":N]: " + text + "\n"; }
+using formcheck::hx;
+using formcheck::run;
 std::string inf(const char* fn, const std::string& text) { return std::string("Inf [") + fn + "():N] " + text; }
-// What a call printed and returned, and the bytes it writes to, as one string; run() makes one from a call.
-std::string outcome(const std::string& out, int r, const Bytes& b) {
-    return out + "=" + std::to_string(r) + " " + bbtest::to_hex(b.data(), b.size());
-}
-template <typename F>
-std::string run(F&& call, const Bytes& b) {
-    int r = 0;
-    const std::string out = output_of([&] { r = call(); });
-    return outcome(out, r, b);
-}
 
 // Load and size have no all-ones marker and a set checks no length: it converts whatever len says and returns it,
 // dumping len bytes but never past the record.  The load block's local-only word is cleared by a set, never sent.
@@ -49,8 +39,10 @@ TEST(SubiaoExt, LoadAndSize) {
         Bytes wire = hex(b.wire), local = hex(b.local), rec(local.size(), 0xa5);
         wire.resize(255, 0x77);
         const std::string title = " After Set:" + std::to_string(c.len) + "/" + std::to_string(local.size()) + " ..\n";
-        EXPECT_EQ(run([&] { return b.set(wire.data(), static_cast<unsigned char>(c.len), rec.data()); }, rec),
-                  outcome(inf("CMN_B2LStruct", b.name + title) + dump_text(local.data(), c.dumped), c.len, local));
+        const std::string got = run([&] { return b.set(wire.data(), static_cast<unsigned char>(c.len), rec.data()); });
+        EXPECT_EQ(got + hx(rec),
+                  inf("CMN_B2LStruct", b.name + title) + dump_text(local.data(), c.dumped) + "=" +
+                      std::to_string(c.len) + hx(local));
     }
     const struct {
         int block, buflen, null_wire, ret;
@@ -66,8 +58,10 @@ TEST(SubiaoExt, LoadAndSize) {
         const std::string sent = (*b.before ? inf("CMN_LStruct2B", b.before) + dump_text(rec.data(), n) : "") +
                                  inf("CMN_LStruct2B", b.after) + dump_text(wire.data(), n);
         const char* refusal = c.buflen < n ? "(BufLen >= SuBiaoLen)" : "(pinDst != NULL)";
-        EXPECT_EQ(run([&] { return b.get(rec.data(), c.null_wire ? nullptr : buf.data(), c.buflen); }, buf),
-                  outcome(c.ret ? sent : assert_line("CMN_LStruct2B", refusal), c.ret, want));
+        const std::string got = run([&] { return b.get(rec.data(), c.null_wire ? nullptr : buf.data(), c.buflen); });
+        EXPECT_EQ(got + hx(buf),
+                  (c.ret ? sent : std::string("[ASSERT][CMN_LStruct2B:N]: ") + refusal + "\n") + "=" +
+                      std::to_string(c.ret) + hx(want));
     }
 }
 
