@@ -242,9 +242,6 @@ static_assert(bbconf::packed_default_text(kSample) == 3 + 9, "texts and patterns
 
 TEST(DefaultsTable, PackedRowsWriteTheirBytesOnly) {
     const auto& p = bbconf::packed_defaults<kSample>;
-    EXPECT_EQ(p.rows[3].text - p.rows[1].text, 6);
-    EXPECT_EQ(p.rows[4].text, p.rows[0].text + 1);
-    EXPECT_EQ(p.rows[2].text, bbconf::kNoText);
     Bytes mem(4 + sizeof(Sample) + 4, 0xee);
     bbconf::put_field_defaults(mem.data() + 4, p);
     Bytes want = hex("ee ee ee ee 01 00 61 62 63 64 65 00 00 00 67 68 67 00 00 68 ee ee ee ee");
