@@ -1,8 +1,6 @@
 // adas_test.cpp - the ADAS block: its Subiao, SiChuan, GuangDong, Hunan and
-// JiLing wire forms, each typed as a row table from the form's description,
-// and its factory defaults as the bytes a get sends.
-#include <cstring>
-#include <string>
+// JiLing wire forms, each typed as a row table from the form's description
+// (its defaults: defaults_test.cpp, against the reset image).
 
 #include "form_check.h"
 
@@ -33,28 +31,6 @@ TEST(Adas, SetAndGetEveryForm) {
     };
     // clang-format on
     for (const Form& c : forms) formcheck::check(c);
-}
-
-// The defaults, on a record of a5 (bytes 63 to 67 kept), and the Subiao form
-// a get makes of them: the head, the alarm settings, four reserved zeros.
-TEST(Adas, DefaultsAndTheirWireForm) {
-    const std::string alarms = "1e 32 05 03 02 3c 05 32 05 03 02 32 05 03 02 1b 32 05 03 02 1e 32 05 03 02"
-                               " 0a 32 05 03 02 03 02";
-    std::string want = "1e 06 00 3c 00 c8 00 03 02 03 03 ff 1f 01 00 03 00 00 00 00 " + alarms +
-                       " 05 03 02 32 05 03 02 32 05 03 02 a5 a5 a5 a5 a5";
-    for (int i = 0; i < 36; i++) want += " 00";
-    Adas rec;
-    std::memset(&rec, 0xa5, sizeof rec);
-    bbtest::output_of([&] { __InitSubiaoAdasParam(&rec); });
-    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&rec), sizeof rec), want);
-
-    unsigned char buf[56 + 56 + 1];
-    std::memset(buf, 0xee, sizeof buf);
-    int r = 0;
-    bbtest::output_of([&] { r = CMN_LStruct2B(&rec, buf + 56, 56); });
-    EXPECT_EQ(r, 56);
-    EXPECT_EQ(bbtest::to_hex(buf + 56, 57),
-              "1e 06 00 00 3c 00 c8 03 02 03 03 00 01 1f ff 00 00 00 03 00 " + alarms + " 00 00 00 00 ee");
 }
 
 }  // namespace

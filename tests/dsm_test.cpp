@@ -1,8 +1,6 @@
 // dsm_test.cpp - the DSM block: its Subiao, SiChuan, GuangDong, Hunan and
-// JiLing wire forms, each typed as a row table from the form's description,
-// and its factory defaults as the bytes a get sends.
-#include <cstring>
-#include <string>
+// JiLing wire forms, each typed as a row table from the form's description
+// (its defaults: defaults_test.cpp, against the reset image).
 
 #include "form_check.h"
 
@@ -37,28 +35,6 @@ TEST(Dsm, SetAndGetEveryForm) {
     };
     // clang-format on
     for (const Form& c : forms) formcheck::check(c);
-}
-
-// The defaults write all 132 bytes; a get of them sends the head, five alarm
-// groups (50, 5, 3, 2), the driver identification trigger and two zeros.
-TEST(Dsm, DefaultsAndTheirWireForm) {
-    std::string grades;
-    for (int i = 0; i < 5; i++) grades += " 32 05 03 02";
-    std::string record = "1e 06 00 10 0e c8 00 03 02 03 03 ff c3 ff 00 03 00 00 00 b4 00 78 00" + grades +
-                         " 01 00 00 00 00 00 00 05 03 02 2c 01 05 03 02 2c 01" + grades + " 32 05 03 02";
-    for (int i = 0; i < 48; i++) record += " 00";
-    Dsm rec;
-    std::memset(&rec, 0xa5, sizeof rec);
-    bbtest::output_of([&] { __InitSubiaoDsmParam(&rec); });
-    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&rec), sizeof rec), record);
-
-    unsigned char buf[50];
-    std::memset(buf, 0xee, sizeof buf);
-    int r = 0;
-    bbtest::output_of([&] { r = CMN_LStruct2B(&rec, buf, 49); });
-    EXPECT_EQ(r, 49);
-    EXPECT_EQ(bbtest::to_hex(buf, 50),
-              "1e 06 00 0e 10 00 c8 03 02 03 03 00 ff c3 ff 00 00 00 03 00 b4 00 78 00 00 00" + grades + " 01 00 00 ee");
 }
 
 }  // namespace

@@ -1,7 +1,5 @@
 // night_test.cpp - the night-time rule blocks: byte order, dumps, 0xff as
-// plain data, refusals, and the defaults their initialisers write.
-#include <string>
-
+// plain data and refusals (the defaults: the reset image in defaults_test.cpp).
 #include "fixed_block_check.h"
 
 namespace {
@@ -23,20 +21,6 @@ TEST(Night, RoundTripWithDumpsAndRefusals) {
 
 TEST(Night, AllOnesAreData) {
     for (const Block* b : {&kSpeed, &kMove, &kTired}) fixedblock::all_ones(*b, {0, "", ""});
-}
-
-// The initialisers write every byte, times in BCD.
-TEST(Night, Defaults) {
-    Speed speed;
-    Move move;
-    Tired tired;
-    __InitNightSpeedLmt(&speed);
-    __InitNightAbnormalMove(&move);
-    __InitNightTiredSetting(&tired);
-    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&speed), 8), "00 50 22 00 00 06 00 00");
-    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&move), 8), "00 02 00 00 05 00 00 00");
-    EXPECT_EQ(bbtest::to_hex(reinterpret_cast<unsigned char*>(&tired), 16),
-              "00 22 00 00 05 00 00 20 1c 00 00 b0 04 00 00 00");
 }
 
 }  // namespace

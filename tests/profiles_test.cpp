@@ -25,15 +25,4 @@ TEST(Profiles, OnlyTheMuckTruckProfileWrites) {
     }
 }
 
-// A second application of the muck-truck profile changes nothing more.
-TEST(Profiles, MuckTruckProfileTwiceIsOnce) {
-    Conf once, twice;
-    std::memset(&once.rec, 0x5a, sizeof once.rec);
-    std::memset(&twice.rec, 0x5a, sizeof twice.rec);
-    InitZhaTuBbParam(&once.rec);
-    InitZhaTuBbParam(&twice.rec);
-    InitZhaTuBbParam(&twice.rec);
-    EXPECT_EQ(std::memcmp(&once.rec, &twice.rec, sizeof once.rec), 0);
-}
-
 }  // namespace

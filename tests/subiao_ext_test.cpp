@@ -1,7 +1,6 @@
 // subiao_ext_test.cpp - the Subiao blocks beside ADAS and DSM: the tyre pressure and intense-driving forms, the
-// load and size blocks, and the Subiao initialisers (ADAS and DSM included).
+// load and size blocks (the initialisers: defaults_test.cpp).
 #include <algorithm>
-#include <cstddef>
 #include <string>
 #include <vector>
 
@@ -11,21 +10,11 @@ namespace {
 
 using bbtest::dump_text;
 using bbtest::hex;
-using bbtest::output_of;
 using Bytes = std::vector<unsigned char>;
 
-std::string assert_line(const std::string& fn, const char* text) { return "[ASSERT][" + fn + ":N]: " + text + "\n"; }
+using formcheck::hx;
+using formcheck::run;
 std::string inf(const char* fn, const std::string& text) { return std::string("Inf [") + fn + "():N] " + text; }
-// What a call printed and returned, and the bytes it writes to, as one string; run() makes one from a call.
-std::string outcome(const std::string& out, int r, const Bytes& b) {
-    return out + "=" + std::to_string(r) + " " + bbtest::to_hex(b.data(), b.size());
-}
-template <typename F>
-std::string run(F&& call, const Bytes& b) {
-    int r = 0;
-    const std::string out = output_of([&] { r = call(); });
-    return outcome(out, r, b);
-}
 
 // Load and size have no all-ones marker and a set checks no length: it converts whatever len says and returns it,
 // dumping len bytes but never past the record.  The load block's local-only word is cleared by a set, never sent.
@@ -50,8 +39,10 @@ TEST(SubiaoExt, LoadAndSize) {
         Bytes wire = hex(b.wire), local = hex(b.local), rec(local.size(), 0xa5);
         wire.resize(255, 0x77);
         const std::string title = " After Set:" + std::to_string(c.len) + "/" + std::to_string(local.size()) + " ..\n";
-        EXPECT_EQ(run([&] { return b.set(wire.data(), static_cast<unsigned char>(c.len), rec.data()); }, rec),
-                  outcome(inf("CMN_B2LStruct", b.name + title) + dump_text(local.data(), c.dumped), c.len, local));
+        const std::string got = run([&] { return b.set(wire.data(), static_cast<unsigned char>(c.len), rec.data()); });
+        EXPECT_EQ(got + hx(rec),
+                  inf("CMN_B2LStruct", b.name + title) + dump_text(local.data(), c.dumped) + "=" +
+                      std::to_string(c.len) + hx(local));
     }
     const struct {
         int block, buflen, null_wire, ret;
@@ -67,63 +58,12 @@ TEST(SubiaoExt, LoadAndSize) {
         const std::string sent = (*b.before ? inf("CMN_LStruct2B", b.before) + dump_text(rec.data(), n) : "") +
                                  inf("CMN_LStruct2B", b.after) + dump_text(wire.data(), n);
         const char* refusal = c.buflen < n ? "(BufLen >= SuBiaoLen)" : "(pinDst != NULL)";
-        EXPECT_EQ(run([&] { return b.get(rec.data(), c.null_wire ? nullptr : buf.data(), c.buflen); }, buf),
-                  outcome(c.ret ? sent : assert_line("CMN_LStruct2B", refusal), c.ret, want));
+        const std::string got = run([&] { return b.get(rec.data(), c.null_wire ? nullptr : buf.data(), c.buflen); });
+        EXPECT_EQ(got + hx(buf),
+                  (c.ret ? sent : std::string("[ASSERT][CMN_LStruct2B:N]: ") + refusal + "\n") + "=" +
+                      std::to_string(c.ret) + hx(want));
     }
 }
-
-// clang-format off
-#define INIT(fn, m) #fn, [](unsigned char* p) { return fn(reinterpret_cast<decltype(tagBB_CONF_ST::m)*>(p)); }, \
-    offsetof(tagBB_CONF_ST, m), sizeof(tagBB_CONF_ST::m)
-// clang-format on
-
-// On a block of a5 each writes the reset record's bytes but a kept range; the intense-driving block, left zero by the
-// reset, is given whole.  Each reports and returns printf's count; a null block asserts.
-TEST(SubiaoExt, Initialisers) {
-    bbtest::Conf reset;
-    output_of([&] { CMN_InitBbConfToDefault(&reset.rec); });
-    const struct {
-        const char* fn;
-        int (*init)(unsigned char*);
-        size_t off, len, keep_from, keep_to;
-        const char *block, *message, *null_text;
-    } cases[] = {
-        // clang-format off
-        {INIT(__InitSubiaoAdasParam, stSubiaoAdas), 63, 68, "", "Param Inited!\n", "NULL != pstSubiaoAdas"},
-        {INIT(__InitSubiaoDsmParam, stSubiaoDsm), 0, 0, "", "Param Inited!\n", "NULL != pstSubiaoDsm"},
-        {INIT(__InitSubiaoTpmsParam, stSubiaoTpms), 0, 0, "", "Param Inited!\n", "NULL != pstSubiaoTpms"},
-        {INIT(__InitSubiaoBsdParam, stSubiaoBsd), 0, 0, "", "Param Inited!\n", "NULL != pstSubiaoBsd"},
-        {INIT(__InitSubiaoIntenseDriveParam, stSubiaoIntense), 0, 0,
-         "07 00 00 00 05 00 32 00 a5 a5 05 00 14 00 a5 a5 05 00 14 00 a5 a5"  // words 2, 5, 8 untouched
-         "32 00 14 00 dc 05 14 00 64 00 f4 01 14 00 64 00 f4 01 14 00 64 00 dc 05 a5 a5 a5 a5 a5 a5 a5 a5",
-         "Param Intense Drive!\n", "NULL != pstSubiaoIntense"},
-        // clang-format on
-    };
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.fn);
-        Bytes want = *c.block ? hex(c.block) : Bytes(reset.bytes() + c.off, reset.bytes() + c.off + c.len);
-        std::fill(want.begin() + c.keep_from, want.begin() + c.keep_to, 0xa5);  // the ADAS SiChuan bytes
-        want.push_back(0xa5);
-        Bytes rec(want.size(), 0xa5);
-        std::fflush(stdout);
-        testing::internal::CaptureStdout();
-        const int r = c.init(rec.data());
-        std::fflush(stdout);
-        const std::string out = testing::internal::GetCapturedStdout();  // r counts the unmasked line
-        EXPECT_EQ(outcome(bbtest::mask_lines(out), r, rec),
-                  outcome(std::string("War [") + c.fn + "():N] " + c.message, static_cast<int>(out.size()), want));
-        // A null block: the assertion line, whose printf count is the result.
-        std::fflush(stdout);
-        testing::internal::CaptureStdout();
-        const int null_r = c.init(nullptr);
-        std::fflush(stdout);
-        const std::string null_out = testing::internal::GetCapturedStdout();
-        EXPECT_EQ(outcome(bbtest::mask_lines(null_out), null_r, {}),
-                  outcome(assert_line(c.fn, c.null_text), static_cast<int>(null_out.size()), {}));
-    }
-}
-
-#undef INIT
 
 // The checked fixed-length blocks: tyre pressure (nine words behind the
 // tyre text) and intense driving (words 2, 5, 8 and the reserved tail have no

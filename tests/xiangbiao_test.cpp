@@ -1,8 +1,5 @@
 // xiangbiao_test.cpp - the Xiangbiao blocks: the VDS block (checked, with
-// keep markers), the driver capture block (trusting its caller) and the
-// defaults of all three.
-#include <cstring>
-#include <string>
+// keep markers) and the driver capture block (trusting its caller).
 
 #include "fixed_block_check.h"
 
@@ -35,28 +32,6 @@ TEST(Xiangbiao, AllOnesOnTheWire) {
     };
     // clang-format on
     for (const auto& k : cases) fixedblock::all_ones(k.b, k.c);
-}
-
-// The defaults on blocks of a5 (VDS bytes 6 and 13 to 20 kept), and the
-// capture block as a get sends it.
-TEST(Xiangbiao, Defaults) {
-    unsigned char vds[50], cmp[4], capt[18], wire[19];
-    std::memset(vds, 0xa5, sizeof vds);
-    std::memset(cmp, 0xa5, sizeof cmp);
-    std::memset(capt, 0xa5, sizeof capt);
-    std::memset(wire, 0xee, sizeof wire);
-    bbtest::output_of([&] {
-        __InitXiangbiaoVdsParam(reinterpret_cast<Vds*>(vds));
-        __InitXiangbiaoDriverCmpParam(reinterpret_cast<tagBB_PARAM_DRIVER_CMP_XIANGBIAO_ST*>(cmp));
-        __InitXiangbiaoDriverCaptureParam(reinterpret_cast<Capture*>(capt));
-        CMN_LStruct2B(reinterpret_cast<Capture*>(capt), wire, 18);
-    });
-    std::string tail;
-    for (int i = 0; i < 6 + 16; i++) tail += " 00";  // the three words, then 34 to 49
-    EXPECT_EQ(bbtest::to_hex(vds, sizeof vds), "01 00 00 00 01 00 a5 00 00 00 00 00 00 a5 a5 a5 a5 a5 a5 a5 a5"
-                                               " 05 03 02 00 00 00 00" + tail);
-    EXPECT_EQ(bbtest::to_hex(cmp, sizeof cmp), "01 32 32 02");
-    EXPECT_EQ(bbtest::to_hex(wire, sizeof wire), "01 14 00 05 01 14 00 05 01 14 00 05 04 b0 01 14 00 05 ee");
 }
 
 }  // namespace
