@@ -41,10 +41,12 @@ bool set_heartbeat(const std::string& file, uint32_t value) {
     return finish(spawn({kTool, "set", file, "heartbeat_interval=" + std::to_string(value)})) == 0;
 #else
     tagBB_CONF_ST c{};
-    return bbconf::update_record(file.c_str(), c, [value](tagBB_CONF_ST& r) {
-               r.uiHeartBeatItv = value;
-               return true;
-           }).written;
+    return bbconf::update_record(file.c_str(), c,
+                                 [value](tagBB_CONF_ST& r) {
+                                     r.uiHeartBeatItv = value;
+                                     return true;
+                                 })
+        .written;
 #endif
 }
 
@@ -116,7 +118,9 @@ TEST_F(Fault, FullDiskLeavesTheOriginalIntact) {
     for (rlim_t bytes : {rlim_t{0}, rlim_t{1000}, rlim_t{3387}}) {
         SCOPED_TRACE(bytes);
         const rlimit lim{bytes, bytes};
-        const auto limited = [&] { return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &lim) == 0; };
+        const auto limited = [&] {
+            return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &lim) == 0;
+        };
         EXPECT_EQ(in_child([&] {
                       AnyRecord rec{};
                       if (!limited()) return 2;

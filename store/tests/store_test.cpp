@@ -72,7 +72,8 @@ TEST_F(Store, LoadNamesEachFault) {
 }
 
 TEST_F(Store, LoadTakesTheKindFromTheSize) {
-    for (const auto& [size, kind] : {std::pair{kTerminal, bbconf::RecordKind::Terminal}, std::pair{kTaxi, bbconf::RecordKind::Taxi}}) {
+    for (const auto& [size, kind] :
+         {std::pair{kTerminal, bbconf::RecordKind::Terminal}, std::pair{kTaxi, bbconf::RecordKind::Taxi}}) {
         const std::string bytes = pattern(size, 3);
         spit(path("f"), sealed(bytes));
         AnyRecord rec{};
