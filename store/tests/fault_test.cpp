@@ -3,7 +3,6 @@
 // full standard output.  Each prints what it counted.
 #include <signal.h>
 #include <sys/resource.h>
-#include <time.h>
 
 #include <chrono>
 #include <cstdio>
@@ -18,111 +17,68 @@ using bbconf::StoreStatus;
 using namespace storetest;
 using Clock = std::chrono::steady_clock;
 
-[[maybe_unused]] constexpr uid_t kOtherUser = 65534;  // used by the tests that drive the tool
-
 class Fault : public ScratchDir {
   protected:
-    // A record file with factory-like contents: a pattern, sealed.
-    void make_record(const std::string& name) { spit(path(name), sealed(pattern(3386, 9))); }
-
-    bool intact(const std::string& name) {
-        AnyRecord rec{};
-        return bbconf::load_record(path(name).c_str(), rec).ok();
-    }
+    void make_record(const std::string& name) { spit(path(name), sealed(pattern(kTerminal, 9))); }
 
     uint32_t u32_in(const std::string& name, size_t offset) {
         AnyRecord rec{};
         EXPECT_TRUE(bbconf::load_record(path(name).c_str(), rec).ok());
-        return u32_at(rec, offset);
+        uint32_t v;
+        std::memcpy(&v, rec.bytes() + offset, sizeof v);
+        return v;
     }
 };
 
-// Two processes each add 1 to their own field 200 times: every increment
-// reads the other's latest value, or the other's count falls short.
-TEST_F(Fault, ConcurrentUpdatersLoseNoUpdate) {
+#ifdef BBCONF_TOOL_PATH
+const std::string kTool = BBCONF_TOOL_PATH;
+constexpr uid_t kOtherUser = 65534;
+#endif
+
+// Sets heartbeat_interval: through the tool where it is built, else as a second application.
+bool set_heartbeat(const std::string& file, uint32_t value) {
+#ifdef BBCONF_TOOL_PATH
+    return finish(spawn({kTool, "set", file, "heartbeat_interval=" + std::to_string(value)})) == 0;
+#else
+    tagBB_CONF_ST c{};
+    return bbconf::update_record(file.c_str(), c,
+                                 [value](tagBB_CONF_ST& r) {
+                                     r.uiHeartBeatItv = value;
+                                     return true;
+                                 })
+        .written;
+#endif
+}
+
+// An application adds 1 to tcp_reply_timeout 200 times while the tool sets
+// heartbeat_interval to 1..200: an increment is lost whenever a write was
+// based on a record read before the other writer's rename.
+TEST_F(Fault, ConcurrentWritersLoseNoUpdate) {
     constexpr uint32_t kRounds = 200;
-    make_record("f");
-    for (size_t offset : {0u, 4u}) {
-        AnyRecord zero{};
-        ASSERT_TRUE(bbconf::update_record(
-                        path("f").c_str(), zero,
-                        [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
-                            set_u32_at(r, *static_cast<size_t*>(o), 0);
-                            return true;
-                        },
-                        &offset)
-                        .written);
-    }
-    pid_t writers[2];
-    for (size_t w = 0; w < 2; w++) {
-        writers[w] = ::fork();
-        if (writers[w] != 0) continue;
-        size_t offset = 4 * w;
+    spit(path("f"), sealed(std::string(8, '\0') + pattern(kTerminal - 8, 9)));
+    const pid_t app = ::fork();
+    if (app == 0) {
         int failed = 0;
         for (uint32_t i = 0; i < kRounds; i++) {
-            AnyRecord rec{};
-            const auto res = bbconf::update_record(
-                path("f").c_str(), rec,
-                [](AnyRecord& r, const bbconf::StoreResult&, void* o) {
-                    const size_t at = *static_cast<size_t*>(o);
-                    set_u32_at(r, at, u32_at(r, at) + 1);
-                    return true;
-                },
-                &offset);
-            failed += !res.written;
+            tagBB_CONF_ST c{};
+            failed += !bbconf::update_record(path("f").c_str(), c, [](tagBB_CONF_ST& r) {
+                           r.uiTcpTimeout = r.uiTcpTimeout + 1;
+                           return true;
+                       }).written;
         }
-        ::_exit(failed == 0 ? 0 : 1);
+        ::_exit(failed != 0);
     }
-    EXPECT_EQ(finish(writers[0]), 0);
-    EXPECT_EQ(finish(writers[1]), 0);
-    const uint32_t counted = u32_in("f", 0) + u32_in("f", 4);
-    std::printf("[  counts  ] writes %u, lost updates %u\n", 2 * kRounds, 2 * kRounds - counted);
-    EXPECT_EQ(counted, 2 * kRounds);
+    int failed = 0;
+    for (uint32_t i = 1; i <= kRounds; i++) failed += !set_heartbeat(path("f"), i);
+    EXPECT_EQ(finish(app), 0);
+    EXPECT_EQ(failed, 0);
+    const uint32_t lost = (kRounds - u32_in("f", 4)) + (u32_in("f", 0) != kRounds);
+    std::printf("[  counts  ] writes %u, lost updates %u, stray files %zu\n", 2 * kRounds, lost, names().size() - 1);
+    EXPECT_EQ(lost, 0u);
+    EXPECT_EQ(names(), std::vector<std::string>{"f"});
 }
 
 #ifdef BBCONF_TOOL_PATH
-
-const std::string kTool = BBCONF_TOOL_PATH;
-
-// Waits at most `limit` for a child; kills it when it overstays.
-int finish_within(pid_t pid, std::chrono::milliseconds limit, bool& in_time) {
-    const auto end = Clock::now() + limit;
-    int st = 0;
-    while (::waitpid(pid, &st, WNOHANG) == 0) {
-        if (Clock::now() > end) {
-            ::kill(pid, SIGKILL);
-            in_time = false;
-            return finish(pid);
-        }
-        ::usleep(2000);
-    }
-    in_time = true;
-    return WIFEXITED(st) ? WEXITSTATUS(st) : -WTERMSIG(st);
-}
-
-// The tool's set from two loops at once: each loop's last value survives.
-TEST_F(Fault, ConcurrentToolWritersLoseNoUpdate) {
-    constexpr int kRounds = 100;
-    make_record("f");
-    const char* params[] = {"heartbeat_interval", "tcp_reply_timeout"};
-    pid_t loops[2];
-    for (int w = 0; w < 2; w++) {
-        loops[w] = ::fork();
-        if (loops[w] != 0) continue;
-        int failed = 0;
-        for (int i = 1; i <= kRounds; i++) {
-            failed += finish(spawn({kTool, "set", path("f"), params[w] + ("=" + std::to_string(i))})) != 0;
-        }
-        ::_exit(failed == 0 ? 0 : 1);
-    }
-    EXPECT_EQ(finish(loops[0]), 0);
-    EXPECT_EQ(finish(loops[1]), 0);
-    const int lost = (u32_in("f", 0) != kRounds) + (u32_in("f", 4) != kRounds);
-    std::printf("[  counts  ] tool writes %d, last updates lost %d, stray files %zu\n", 2 * kRounds, lost,
-                names().size() - 1);
-    EXPECT_EQ(lost, 0);
-    EXPECT_EQ(names(), std::vector<std::string>{"f"});
-}
 
 // SIGKILL at random moments of a set: the file is whole with a good CRC
 // after every kill, and the next write leaves no other file behind.
@@ -139,14 +95,9 @@ TEST_F(Fault, KilledWritersLeaveAWholeFileAndNoStrayFiles) {
         ::usleep(static_cast<useconds_t>(rng() % (run_us + 1)));
         ::kill(pid, SIGKILL);
         (finish(pid) == -SIGKILL ? kills : completed)++;
-        damaged += !intact("f");
-        for (const std::string& n : names()) {
-            if (n == "f.tmp") {
-                leftovers++;
-            } else if (n != "f") {
-                strays++;
-            }
-        }
+        AnyRecord rec{};
+        damaged += !bbconf::load_record(path("f").c_str(), rec).ok();
+        for (const std::string& n : names()) (n == "f.tmp" ? leftovers : strays) += n != "f";
     }
     ASSERT_EQ(finish(spawn({kTool, "set", path("f"), "heartbeat_interval=7"})), 0);
     const size_t after = names().size() - 1;
@@ -155,8 +106,7 @@ TEST_F(Fault, KilledWritersLeaveAWholeFileAndNoStrayFiles) {
         "stray files %d, stray files after the next write %zu\n",
         writes, kills, completed, damaged, leftovers, strays, after);
     EXPECT_GE(kills, kKills);
-    EXPECT_EQ(damaged, 0);
-    EXPECT_EQ(strays, 0);
+    EXPECT_EQ(damaged + strays, 0);
     EXPECT_EQ(after, 0u);
     EXPECT_EQ(u32_in("f", 0), 7u);
 }
@@ -165,22 +115,21 @@ TEST_F(Fault, KilledWritersLeaveAWholeFileAndNoStrayFiles) {
 TEST_F(Fault, FullDiskLeavesTheOriginalIntact) {
     make_record("f");
     const std::string original = slurp(path("f"));
-    const auto limited = [](rlim_t bytes) {
-        ::signal(SIGXFSZ, SIG_IGN);
-        const rlimit lim{bytes, bytes};
-        return ::setrlimit(RLIMIT_FSIZE, &lim) == 0;
-    };
     for (rlim_t bytes : {rlim_t{0}, rlim_t{1000}, rlim_t{3387}}) {
         SCOPED_TRACE(bytes);
+        const rlimit lim{bytes, bytes};
+        const auto limited = [&] {
+            return ::signal(SIGXFSZ, SIG_IGN) != SIG_ERR && ::setrlimit(RLIMIT_FSIZE, &lim) == 0;
+        };
         EXPECT_EQ(in_child([&] {
                       AnyRecord rec{};
-                      if (!limited(bytes)) return 2;
+                      if (!limited()) return 2;
                       const auto res = bbconf::save_record(path("f").c_str(), rec);
                       return res.status == StoreStatus::io && res.sys_errno == EFBIG && !res.written ? 0 : 1;
                   }),
                   0);
         EXPECT_EQ(in_child([&] {
-                      if (!limited(bytes) || ::freopen("/dev/null", "w", stderr) == nullptr) return 2;
+                      if (!limited() || ::freopen("/dev/null", "w", stderr) == nullptr) return 2;
                       ::execl(kTool.c_str(), kTool.c_str(), "set", path("f").c_str(), "heartbeat_interval=3",
                               static_cast<char*>(nullptr));
                       return 127;
@@ -199,18 +148,16 @@ TEST_F(Fault, FifoRefusedWithinASecond) {
     AnyRecord rec{};
     EXPECT_EQ(bbconf::load_record(path("fifo").c_str(), rec).status, StoreStatus::not_regular);
     EXPECT_EQ(bbconf::save_record(path("fifo").c_str(), rec).status, StoreStatus::not_regular);
-    const std::vector<std::string> commands[] = {
-        {"get", path("fifo"), "heartbeat_interval"},
-        {"set", path("fifo"), "heartbeat_interval=1"},
-        {"init", "--force", path("fifo")},
-    };
-    for (const auto& args : commands) {
-        std::vector<std::string> argv{kTool};
-        argv.insert(argv.end(), args.begin(), args.end());
-        bool in_time = false;
-        const int rc = finish_within(spawn(argv), std::chrono::milliseconds(1000), in_time);
-        EXPECT_TRUE(in_time) << args[0];
-        EXPECT_EQ(rc, 1) << args[0];
+    const std::vector<std::string> commands[] = {{kTool, "get", path("fifo"), "heartbeat_interval"},
+                                                 {kTool, "set", path("fifo"), "heartbeat_interval=1"},
+                                                 {kTool, "init", "--force", path("fifo")}};
+    for (const auto& argv : commands) {
+        const pid_t pid = spawn(argv);
+        const auto end = Clock::now() + std::chrono::seconds(1);
+        int st = 0;
+        while (::waitpid(pid, &st, WNOHANG) == 0 && Clock::now() < end) ::usleep(2000);
+        const bool in_time = Clock::now() < end || (::kill(pid, SIGKILL), finish(pid), false);
+        EXPECT_TRUE(in_time && WIFEXITED(st) && WEXITSTATUS(st) == 1) << argv[1] << (in_time ? "" : ": hangs");
     }
     const auto ms = std::chrono::duration_cast<std::chrono::milliseconds>(Clock::now() - start).count();
     std::printf("[  counts  ] FIFO refused 5 times in %lld ms\n", static_cast<long long>(ms));

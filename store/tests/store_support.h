@@ -3,7 +3,6 @@
 #ifndef BBCONF_STORE_SUPPORT_H
 #define BBCONF_STORE_SUPPORT_H
 
-#include <dirent.h>
 #include <fcntl.h>
 #include <gtest/gtest.h>
 #include <stdlib.h>
@@ -13,6 +12,7 @@
 
 #include <algorithm>
 #include <cstring>
+#include <filesystem>
 #include <fstream>
 #include <iterator>
 #include <string>
@@ -22,18 +22,16 @@
 
 namespace storetest {
 
-// CRC-CCITT bit by bit: polynomial 0x1021, MSB first, no final XOR.
-inline unsigned crc_ccitt(unsigned crc, const std::string& bytes) {
-    for (unsigned char b : bytes) {
+constexpr size_t kTerminal = 3386, kTaxi = 1037;
+
+// A record file: the record's bytes, then their CRC-CCITT (polynomial 0x1021,
+// MSB first, initial value 0xABCD, computed bit by bit here) little-endian.
+inline std::string sealed(const std::string& rec) {
+    unsigned crc = 0xABCD;
+    for (unsigned char b : rec) {
         crc ^= static_cast<unsigned>(b) << 8;
         for (int i = 0; i < 8; i++) crc = (crc & 0x8000) ? ((crc << 1) ^ 0x1021) & 0xffff : (crc << 1) & 0xffff;
     }
-    return crc;
-}
-
-// A record file: the record's bytes, then their CRC (initial value 0xABCD) little-endian.
-inline std::string sealed(const std::string& rec) {
-    const unsigned crc = crc_ccitt(0xABCD, rec);
     return rec + static_cast<char>(crc & 0xff) + static_cast<char>(crc >> 8);
 }
 
@@ -49,19 +47,7 @@ inline std::string slurp(const std::string& path) {
     return std::string(std::istreambuf_iterator<char>(f), std::istreambuf_iterator<char>());
 }
 
-inline void spit(const std::string& path, const std::string& data) {
-    std::ofstream(path, std::ios::binary | std::ios::trunc) << data;
-}
-
-inline uint32_t u32_at(const bbconf::AnyRecord& rec, size_t offset) {
-    uint32_t v;
-    std::memcpy(&v, rec.bytes() + offset, sizeof v);
-    return v;
-}
-
-inline void set_u32_at(bbconf::AnyRecord& rec, size_t offset, uint32_t v) {
-    std::memcpy(rec.bytes() + offset, &v, sizeof v);
-}
+inline void spit(const std::string& path, const std::string& data) { std::ofstream(path, std::ios::binary) << data; }
 
 class ScratchDir : public ::testing::Test {
   protected:
@@ -71,19 +57,14 @@ class ScratchDir : public ::testing::Test {
         dir_ = tmpl;
         ::chmod(dir_.c_str(), 0755);  // other users of the ownership tests look in
     }
-    void TearDown() override { std::system(("rm -rf '" + dir_ + "'").c_str()); }
+    void TearDown() override { std::filesystem::remove_all(dir_); }
 
     std::string path(const std::string& name) const { return dir_ + "/" + name; }
 
     // Names in the scratch directory, sorted.
     std::vector<std::string> names() const {
         std::vector<std::string> out;
-        if (DIR* d = ::opendir(dir_.c_str())) {
-            while (const dirent* e = ::readdir(d)) {
-                if (std::strcmp(e->d_name, ".") != 0 && std::strcmp(e->d_name, "..") != 0) out.push_back(e->d_name);
-            }
-            ::closedir(d);
-        }
+        for (const auto& e : std::filesystem::directory_iterator(dir_)) out.push_back(e.path().filename());
         std::sort(out.begin(), out.end());
         return out;
     }
@@ -99,14 +80,18 @@ class ScratchDir : public ::testing::Test {
     std::string dir_;
 };
 
+inline int finish(pid_t pid) {
+    int st = 0;
+    ::waitpid(pid, &st, 0);
+    return WIFEXITED(st) ? WEXITSTATUS(st) : -WTERMSIG(st);
+}
+
 // Runs fn in a child process and returns its exit status (-signal when killed).
 template <class Fn>
 int in_child(Fn fn) {
     const pid_t pid = ::fork();
     if (pid == 0) ::_exit(fn());
-    int st = 0;
-    ::waitpid(pid, &st, 0);
-    return WIFEXITED(st) ? WEXITSTATUS(st) : -WTERMSIG(st);
+    return finish(pid);
 }
 
 // Starts a program with its standard output and error sent to files.
@@ -124,12 +109,6 @@ inline pid_t spawn(const std::vector<std::string>& argv, const std::string& out 
         ::_exit(127);
     }
     return pid;
-}
-
-inline int finish(pid_t pid) {
-    int st = 0;
-    ::waitpid(pid, &st, 0);
-    return WIFEXITED(st) ? WEXITSTATUS(st) : -WTERMSIG(st);
 }
 
 }  // namespace storetest

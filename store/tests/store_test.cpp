@@ -10,8 +10,6 @@ using bbconf::StoreResult;
 using bbconf::StoreStatus;
 using namespace storetest;
 
-constexpr size_t kTerminal = 3386, kTaxi = 1037;
-
 class Store : public ScratchDir {};
 
 // Every way a load fails, with its status and the line that names it.
@@ -58,12 +56,9 @@ TEST_F(Store, LoadNamesEachFault) {
         EXPECT_EQ(message(res, path(c.name)), c.line);
     }
     AnyRecord rec{};
-    EXPECT_EQ(bbconf::load_record("/dev/null", rec).status, StoreStatus::not_regular);
-
     // Read anyway on request: the bytes as stored, the mismatch reported.
     const StoreResult forced = bbconf::load_record(path("crc").c_str(), rec, bbconf::kStoreAcceptBadCrc);
-    EXPECT_TRUE(forced.ok());
-    EXPECT_TRUE(forced.crc_mismatch());
+    EXPECT_TRUE(forced.ok() && forced.crc_mismatch());
     EXPECT_EQ(std::string(reinterpret_cast<const char*>(rec.bytes()), kTerminal), terminal.substr(0, kTerminal));
 
     // A reader the file's mode shuts out.
@@ -83,9 +78,7 @@ TEST_F(Store, LoadTakesTheKindFromTheSize) {
         spit(path("f"), sealed(bytes));
         AnyRecord rec{};
         const StoreResult res = bbconf::load_record(path("f").c_str(), rec);
-        ASSERT_TRUE(res.ok());
-        EXPECT_EQ(rec.kind, kind);
-        EXPECT_FALSE(res.crc_mismatch());
+        EXPECT_TRUE(res.ok() && !res.crc_mismatch() && rec.kind == kind);
         EXPECT_EQ(std::string(reinterpret_cast<const char*>(rec.bytes()), rec.size()), bytes);
     }
 }
@@ -99,19 +92,15 @@ TEST_F(Store, SaveWritesTheFileFormatAndKeepsTheMode) {
     ASSERT_TRUE(bbconf::save_record(path("x").c_str(), rec).written);
     ::umask(mask);
     EXPECT_EQ(slurp(path("x")), sealed(bytes));
-    struct stat st;
-    ASSERT_EQ(::stat(path("x").c_str(), &st), 0);
-    EXPECT_EQ(st.st_mode & 07777, 0644u);
+    const auto mode = [&] { return static_cast<unsigned>(std::filesystem::status(path("x")).permissions()); };
+    EXPECT_EQ(mode(), 0644u);
 
     ASSERT_EQ(::chmod(path("x").c_str(), 0640), 0);
     ASSERT_EQ(::symlink("x", path("link").c_str()), 0);
     rec.taxi.uiHeartBeatItv = 77;
     ASSERT_TRUE(bbconf::save_record(path("link").c_str(), rec).written);
-    struct stat lst;
-    ASSERT_EQ(::lstat(path("link").c_str(), &lst), 0);
-    EXPECT_TRUE(S_ISLNK(lst.st_mode));
-    ASSERT_EQ(::stat(path("x").c_str(), &st), 0);
-    EXPECT_EQ(st.st_mode & 07777, 0640u);
+    EXPECT_TRUE(std::filesystem::is_symlink(path("link")));
+    EXPECT_EQ(mode(), 0640u);
     EXPECT_EQ(slurp(path("x")).substr(0, 4), std::string("\x4d\0\0\0", 4));
     EXPECT_EQ(names(), (std::vector<std::string>{"link", "x"}));
 }

@@ -21,10 +21,8 @@ TEST(ToolHex, ParsesPairsFormatsLowerCaseAndNamesTheFirstFault) {
         {"0 1", "", "malformed hex: the digit at position 1 has no partner (hex needs two digits per byte)"},
         {"abc", "", "malformed hex: the digit at position 3 has no partner (hex needs two digits per byte)"},
         {"0g", "", "malformed hex: 'g' at position 2 is not a hex digit"},
-        {"hex:01", "", "malformed hex: 'h' at position 1 is not a hex digit"},
         {"0x01", "", "malformed hex: 'x' at position 2 is not a hex digit"},
         {"01\x01", "", "malformed hex: byte 0x01 at position 3 is not a hex digit"},
-        {"01,02", "", "malformed hex: ',' at position 3 is not a hex digit"},
     };
     for (const auto& c : cases) {
         SCOPED_TRACE(c[0]);
@@ -40,7 +38,6 @@ TEST(ToolHex, ParsesPairsFormatsLowerCaseAndNamesTheFirstFault) {
 TEST(ToolBody, NamesTheFaultsOfLists) {
     const char* cases[][2] = {
         {"", "empty list: the first byte is the count"},
-        {"01", "truncated list: the count announces 1 item, 0 found whole; item 1 at byte 1 needs 5 bytes, 0 remain"},
         {"01 00000001", "truncated list: the count announces 1 item, 0 found whole; item 1 at byte 1 needs 5 bytes, 4 remain"},
         {"01 00000013 04 010203",
          "truncated list: the count announces 1 item, 0 found whole; item 1 (ID 0x0013) at byte 1 needs 9 bytes, 8 remain"},

@@ -72,16 +72,12 @@ class Tool : public ::testing::Test {
         return r;
     }
 
-    // The text with the scratch directory replaced by "D".
-    std::string masked(std::string s) const {
-        for (size_t p; (p = s.find(dir_)) != npos;) s.replace(p, dir_.size(), "D");
-        return s;
-    }
-
     // "STATUS|OUT|ERR" of a run, the scratch directory masked: one comparison per run.
     std::string result(const std::string& args, const std::string& input = "") {
         const Outcome r = run(args, input);
-        return masked(std::to_string(r.status) + "|" + r.out + "|" + r.err);
+        std::string s = std::to_string(r.status) + "|" + r.out + "|" + r.err;
+        for (size_t p; (p = s.find(dir_)) != npos;) s.replace(p, dir_.size(), "D");
+        return s;
     }
 
     // Records with factory defaults; a name starting with 'x' gets a taxi record.
@@ -112,12 +108,10 @@ TEST_F(Tool, ShowListsFactoryDefaultsAsTableAndJson) {
     const std::string t = run("show @t.bbc").out, x = run("show @x.bbc").out;
     // 't' or 'x': the record the line is shown for.
     for (const char* l : {"t0x0010  main_server_apn             text(31)    \"3gnet\"\n",
-                          "t0x0031  fence_radius                u16         500\n",
                           "t0x0079  alarm_recording             raw(3)      140501\n",
                           "t0xfe10  night_fatigue               block(16)   0022000005000000001c20000004b000\n",
                           "x0x0018  server_tcp_port             u32         0\n",
-                          "x0x001b  param_001b                  u32         11001\n",
-                          "x0x0070  image_quality               u32         5\n"}) {
+                          "x0x001b  param_001b                  u32         11001\n"}) {
         EXPECT_NE((l[0] == 't' ? t : x).find(l + 1), npos) << l;
     }
     EXPECT_EQ(t.find("debug_dump"), npos);  // no device or diagnostic IDs, as in the JSON below
@@ -127,13 +121,9 @@ TEST_F(Tool, ShowListsFactoryDefaultsAsTableAndJson) {
     EXPECT_EQ(js.status + js.err.size(), 0u);
     const json j = json::parse(js.out);
     EXPECT_EQ(j.at("0x0001"), (json{{"name", "heartbeat_interval"}, {"kind", "u32"}, {"value", 20}}));
-    EXPECT_EQ(j.at("0x0010").at("value"), "3gnet");
     EXPECT_EQ(j.at("0x0083").at("hex"), "41e4");  // not UTF-8: the bytes ride along
-    EXPECT_EQ(j.at("0xf364").at("value").get<std::string>().size(), 112u);
     EXPECT_FALSE(j.contains("0xff00"));
-    const json xj = json::parse(run("show --json @x.bbc").out);
-    EXPECT_EQ(xj.at("0x00b5").at("value"), 7008);
-    EXPECT_EQ(xj.at("0x001d").at("kind"), "u8");
+    EXPECT_EQ(json::parse(run("show --json @x.bbc").out).at("0x001d").at("kind"), "u8");
     EXPECT_EQ(json::parse(run("get @t.bbc 0x0018 --json").out),
               (json{{"0x0018", {{"name", "server_tcp_port"}, {"kind", "u32"}, {"value", 7008}}}}));
 }
@@ -147,13 +137,9 @@ TEST_F(Tool, SetThenGetRoundTrips) {
         {"@t.bbc plate_number=hex:41e40a22", "0x0083", "\"A\\xe4\\n\\\"\""},
         {"@t.bbc plate_number=text:hex:41", "0x0083", "\"hex:41\""},
         {"@t.bbc night_speed_limit=hex:0150220000060000", "0xf001", "0150220000060000"},
-        {"@t.bbc 0xf0e9=01020304", "driver_compare", "01020304"},
-        {"@t.bbc oversize_params=hex:07d00834", "0xf373", "07d00834"},
         {"@t.bbc vendor_c21b=AB", "0xc21b", "\"AB\""},
         {"@t.bbc 0xf120=slave", "slave_server_apn", "\"slave\""},
         {"@x.bbc saturation=258", "0x0073", "258"},
-        {"@x.bbc param_001d=7", "0x001d", "7"},
-        {"@x.bbc param_0094=abcde", "0x0094", "\"abcde\""},
         {"@x.bbc 0x004b=4", "param_004b", "4"},
         // The taxi record copies this text without a terminator: no tail of the longer one may show.
         {"@x.bbc main_server_apn=internet", "0x0010", "\"internet\""},
@@ -187,19 +173,6 @@ TEST_F(Tool, SetRepliesPerValueAndDiffNamesWhatDiffers) {
 
 TEST_F(Tool, ApplyAndQuery) {
     init({"t.bbc", "x.bbc"});
-    // Without IDs: every readable parameter, nothing set-only or answered by the device.
-    const std::string q = run("query @t.bbc").out;
-    std::vector<uint8_t> all;
-    std::string err;
-    ASSERT_TRUE(bbtool::parse_hex(q, all, err)) << err;
-    ASSERT_EQ(bbconf::check_list(all.data(), all.size(), nullptr), bbconf::ListError::None);
-    EXPECT_EQ(q.substr(2, 18), "000000010400000014");  // heartbeat_interval 20 comes first
-    size_t pos = 0;
-    bbconf::ListItem item;
-    while (bbconf::next_item(all.data(), all.size(), &pos, &item)) {
-        EXPECT_TRUE(item.id < 0xff00 && item.id != 0xf441) << item.id;
-    }
-
     const std::string body =  // u32, text, u16 and the ADAS block
         "0400000001040000003c000000130831302e302e302e390000008102002c"
         "0000f36438101112131415161718191a1b1c1d1e1f202122232425262728292a2b2c2d2e2f"
@@ -208,17 +181,15 @@ TEST_F(Tool, ApplyAndQuery) {
               "0|0x0001 heartbeat_interval: stored\n0x0013 main_server_address: stored\n"
               "0x0081 province_id: stored\n0xf364 adas_params: stored\n|");
     EXPECT_EQ(result("query @t.bbc 0x0001 main_server_address 0x0081 adas_params"), "0|" + body + "\n|");
-    EXPECT_EQ(result("get @t.bbc 0x0013"), "0|0x0013  main_server_address         text(63)    \"10.0.0.9\"\n|");
 
     // The body from a file, from standard input by "-" and by default.
     spit(path("body.hex"), "01 00000001 04 00000021\n");
-    const std::string stored = "0|0x0001 heartbeat_interval: stored\n|";
-    EXPECT_EQ(result("apply @t.bbc @body.hex"), stored);
-    EXPECT_EQ(result("query @t.bbc 1"), "0|01000000010400000021\n|");
-    EXPECT_EQ(result("apply @t.bbc -", "0100000001040000002a"), stored);
-    EXPECT_EQ(result("query @t.bbc heartbeat_interval"), "0|0100000001040000002a\n|");
-    EXPECT_EQ(result("apply @t.bbc", "01000000010400000007\n"), stored);
-    EXPECT_EQ(result("query @t.bbc heartbeat_interval"), "0|01000000010400000007\n|");
+    const char* sources[][3] = {
+        {"@body.hex", "", "21"}, {"-", "0100000001040000002a", "2a"}, {"", "01000000010400000007\n", "07"}};
+    for (const auto& [from, input, value] : sources) {
+        EXPECT_EQ(result(std::string("apply @t.bbc ") + from, input), "0|0x0001 heartbeat_interval: stored\n|");
+        EXPECT_EQ(result("query @t.bbc heartbeat_interval"), "0|010000000104000000" + std::string(value) + "\n|");
+    }
 
     // A 16-bit taxi value goes out as a DWORD.
     EXPECT_EQ(result("apply @x.bbc 0100000073020102"), "0|0x0073 saturation: stored\n|");
@@ -350,8 +321,6 @@ TEST_F(Tool, BadInputLeavesTheFilesUntouched) {
          "0x0079 alarm_recording: too long for its field: 4 bytes, room for 3" + one},
         {"set @t.bbc night_fatigue=" + std::string(30, '0'),
          "0xfe10 night_fatigue: wrong length for the block: 15 bytes, its wire form has 16" + one},
-        {"set @t.bbc av_channel_settings=01",
-         "0x0077 av_channel_settings: wrong length for the block: 1 byte, its wire form has 22" + one},
         {"set @t.bbc 0xe138=00", "0xe138 hlj_driver_identify: get-only: the record's dictionary does not set it" + one},
         {"set @t.bbc heartbeat_interval=9 0xf364=00",
          "0xf364 adas_params: wrong length for the block: 1 byte, its wire form has 56\n"
@@ -382,34 +351,14 @@ TEST_F(Tool, BadInputLeavesTheFilesUntouched) {
     EXPECT_EQ(run("check @crc.bbc").status, 0);
 }
 
-TEST_F(Tool, WritesKeepTheFileModeAndSymbolicLinks) {
-    init({"t.bbc"});
-    fs::permissions(path("t.bbc"), fs::perms(0640));
-    fs::create_symlink("t.bbc", path("link.bbc"));
-    ASSERT_EQ(run("set @link.bbc heartbeat_interval=77").status, 0);
-    EXPECT_TRUE(fs::is_symlink(path("link.bbc")));
-    EXPECT_EQ(fs::status(path("t.bbc")).permissions(), fs::perms(0640));
-    EXPECT_EQ(result("get @t.bbc 1"), "0|0x0001  heartbeat_interval          u32         77\n|");
-    EXPECT_EQ(state().size(), 2u);  // no temporary file left beside it
-}
-
-TEST_F(Tool, HelpAndUsage) {
-    const Outcome help = run("--help");
-    EXPECT_EQ(help.status, 0);
-    EXPECT_NE(help.out.find("Examples:"), npos);
-    for (const char* cmd : {"init", "show", "get", "set", "apply", "query", "check", "diff", "list"}) {
-        EXPECT_NE(help.out.find(cmd), npos) << cmd;
-        const Outcome sub = run(cmd + std::string(" --help"));
-        EXPECT_EQ(sub.status, 0) << cmd;
-        EXPECT_NE(sub.out.find("Example"), npos) << cmd;
+TEST_F(Tool, HelpUsageAndVersion) {
+    EXPECT_EQ(result("--version"), "0|bbconf " BBCONF_PROJECT_VERSION "\n|");
+    for (const char* cmd : {"", "init", "show", "get", "set", "apply", "query", "check", "diff", "list"}) {
+        const Outcome help = run(cmd + std::string(" --help"));
+        EXPECT_EQ(help.status, 0) << cmd;
+        EXPECT_NE(help.out.find(*cmd ? "Example" : "Examples:"), npos) << cmd;
     }
     for (const char* usage : {"frobnicate", "get", ""}) EXPECT_EQ(run(usage).status, 2) << usage;
-}
-
-TEST_F(Tool, VersionIsTheProjectVersion) {
-    const Outcome v = run("--version");
-    EXPECT_EQ(v.status, 0);
-    EXPECT_EQ(v.out, "bbconf " BBCONF_PROJECT_VERSION "\n");
 }
 
 }  // namespace
