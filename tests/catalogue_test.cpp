@@ -125,6 +125,10 @@ const Row kRows[] = {
     {kT, 0x0031, ValueKind::Number, 2, 2, TF(usFenceRadius), true, true},
     {kT, 0x0081, ValueKind::Number, 2, 2, TF(usProvinceId), true, true},  // answers 4, writes 2
     {kT, 0x0084, ValueKind::Number, 1, 1, TF(ucPlateColor), true, true},
+    {kT, 0x00a1, ValueKind::Number, 1, 1, TF(ucVendor00a1), true, true},  // the field after 0x00a2's
+    {kT, 0x00a2, ValueKind::Number, 1, 1, TF(ucVendor00a2), true, true},
+    {kT, 0x0023, ValueKind::Text, 31, 0, TF(szSlaveApn), true, true},  // shared with 0xf120
+    {kT, 0xf120, ValueKind::Text, 31, 0, TF(szSlaveApn), true, true},
     {kT, 0x0013, ValueKind::Text, 63, 0, TF(szMainAddr), true, true},
     {kT, 0xfe06, ValueKind::Text, 15, 0, offsetof(tagBB_CONF_ST, szVendorFe06), 16, true, true},
     {kT, 0x0076, ValueKind::List, 151, 151, TF(stAVChLookUp), true, true},
