@@ -118,44 +118,33 @@ TEST(Frame, EveryTextId) {
     check_texts<tagBBTAXI_CONF_ST>(RecordKind::Taxi, BBTAXI_SetParam, BBTAXI_GetParam);
 }
 
-enum RawGet { kFixed, kAlways, kOwn, kNoSet };
-
-// Raw values: verbatim up to their size on set; a fixed get returns the
-// size and writes nothing into a shorter buffer, kAlways writes its bytes
-// whatever BufLen says.  kOwn rows have get rules of their own (below).
-// clang-format off
-const struct { int id; size_t offset; int size; RawGet get; } kRaws[] = {
-    {0x0076, 707, 151, kOwn},   {0x0079, 1111, 3, kFixed},  {0x007b, 1114, 2, kFixed},  {0x007c, 1116, 20, kFixed},
-    {0x0110, 1201, 8, kAlways}, {0x8620, 2345, 128, kFixed}, {0x8f21, 2299, 46, kFixed}, {0xc21b, 2169, 10, kOwn},
-    {0xc222, 2179, 10, kOwn},   {0xc255, 2193, 10, kOwn},   {0xf001, 1241, 8, kFixed},  {0xf002, 1249, 8, kFixed},
-    {0xf0e9, 1981, 4, kFixed},  {0xf114, 2289, 8, kOwn},    {0xf367, 1759, 2, kFixed},  {0xf3f0, 2059, 68, kNoSet},
-};
-// clang-format on
-
+// Raw values: verbatim up to their size on set, a longer value dropped silently, a shorter one replacing only its
+// own bytes; a Whole get returns the size and writes nothing into a shorter buffer, an Always get writes its bytes
+// whatever BufLen says.  0xf114's own rule is in OwnGetRules.
 TEST(Frame, EveryRawId) {
     unsigned char value[160], untouched[160];
     for (int i = 0; i < 160; i++) value[i] = static_cast<unsigned char>(i + 1);
     std::memset(untouched, 0xee, sizeof untouched);
-    for (const auto& c : kRaws) {
-        SCOPED_TRACE(c.id);
+    for (int i = 0; i < bbconf::param_count(RecordKind::Terminal); i++) {
+        const ParamInfo p = bbconf::param_at(RecordKind::Terminal, i);
+        if (p.kind != ValueKind::Raw || p.get_bound == bbconf::GetBound::BufLenLess1) continue;
+        SCOPED_TRACE(testing::Message() << std::hex << "ID 0x" << p.id);
+        const int size = p.field_size;
         Conf conf;
-        if (c.get == kNoSet) {
-            std::memcpy(conf.bytes() + c.offset, value, c.size);
+        if (!p.settable) {
+            std::memcpy(conf.bytes() + p.offset, value, size);
         } else {
-            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, value, c.size), c.size);
-            // Too long: dropped silently.
-            EXPECT_EQ(output_of([&] { EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, value + 1, c.size + 1), c.size + 1); }),
-                      "");
-            EXPECT_EQ(CMN_SetParam(&conf.rec, c.id, kWire, 1), 1);  // replaces only its own byte
-            EXPECT_EQ(to_hex(conf.bytes() + c.offset, c.size), to_hex(kWire, 1) + " " + to_hex(value + 1, c.size - 1));
+            EXPECT_EQ(CMN_SetParam(&conf.rec, p.id, value, size), size);
+            EXPECT_EQ(output_of([&] { EXPECT_EQ(CMN_SetParam(&conf.rec, p.id, value + 1, size + 1), size + 1); }), "");
+            EXPECT_EQ(CMN_SetParam(&conf.rec, p.id, kWire, 1), 1);
+            EXPECT_EQ(to_hex(conf.bytes() + p.offset, size), to_hex(kWire, 1) + " " + to_hex(value + 1, size - 1));
         }
-        if (c.get == kOwn) continue;
-        for (int buflen : {c.size - 1, c.size}) {
+        for (int buflen : {size - 1, size}) {
             unsigned char out[200];
             std::memset(out, 0xee, sizeof out);
-            EXPECT_EQ(output_of([&] { EXPECT_EQ(CMN_GetParam(&conf.rec, c.id, out, buflen), c.size); }), "");
-            const bool written = buflen == c.size || c.get == kAlways;
-            EXPECT_EQ(to_hex(out, c.size + 1), then_ee(written ? conf.bytes() + c.offset : untouched, c.size));
+            EXPECT_EQ(output_of([&] { EXPECT_EQ(CMN_GetParam(&conf.rec, p.id, out, buflen), size); }), "");
+            const bool written = buflen == size || p.get_bound == bbconf::GetBound::Always;
+            EXPECT_EQ(to_hex(out, size + 1), then_ee(written ? conf.bytes() + p.offset : untouched, size));
         }
     }
 }
