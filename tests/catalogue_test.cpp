@@ -1,12 +1,14 @@
 // catalogue_test.cpp - the public parameter catalogue: every row's get stays within what its columns promise for
 // every BufLen (guard bytes), the columns against the record layout and the block codecs, the checked set against
 // CMN_SetParam / BBTAXI_SetParam, and 0x0026 reading on to the record's end.
+#include <algorithm>
 #include <cstddef>
 #include <cstdio>
 #include <cstdlib>
 #include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bbconf_catalogue.h"
@@ -149,6 +151,27 @@ const Row kRows[] = {
     {kX, 0xf015, ValueKind::Silent, 0, 0, 0, 0, false, false},
 };
 // clang-format on
+
+// No two rows share record bytes (but the slave server's APN, user and password, named twice), and every field lies
+// inside its record: a row pointing at its neighbour's field shows here.
+TEST(Catalogue, FieldsDoNotOverlap) {
+    const std::pair<int, int> shared[] = {{0x0023, 0xf120}, {0x0024, 0xf121}, {0x0025, 0xf122}};
+    for (RecordKind kind : {kT, kX}) {
+        const size_t size = kind == kT ? sizeof(tagBB_CONF_ST) : sizeof(tagBBTAXI_CONF_ST);
+        std::vector<int> owner(size, 0);
+        for (const ParamInfo& p : rows_of(kind)) {
+            ASSERT_LE(p.offset + p.field_size, size) << std::hex << p.id;
+            for (size_t i = p.offset; i < p.offset + p.field_size; i++) {
+                const std::pair<int, int> both{owner[i], p.id};
+                if (owner[i] != 0 && (kind == kX || std::count(std::begin(shared), std::end(shared), both) == 0)) {
+                    ADD_FAILURE() << std::hex << "0x" << p.id << " overlaps 0x" << owner[i] << " at byte " << std::dec << i;
+                    break;
+                }
+                owner[i] = p.id;
+            }
+        }
+    }
+}
 
 TEST(Catalogue, ColumnsFollowTheRecordLayout) {
     for (const Row& r : kRows) {
