@@ -1,10 +1,14 @@
 // catalogue_test.cpp - the public parameter catalogue: every row's get stays within what its columns promise for
 // every BufLen (guard bytes), the columns against the record layout and the block codecs, the checked set against
 // CMN_SetParam / BBTAXI_SetParam, and 0x0026 reading on to the record's end.
+#include <algorithm>
 #include <cstddef>
+#include <cstdio>
+#include <cstdlib>
 #include <cstring>
 #include <random>
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "bbconf_catalogue.h"
@@ -123,6 +127,10 @@ const Row kRows[] = {
     {kT, 0x0031, ValueKind::Number, 2, 2, TF(usFenceRadius), true, true},
     {kT, 0x0081, ValueKind::Number, 2, 2, TF(usProvinceId), true, true},  // answers 4, writes 2
     {kT, 0x0084, ValueKind::Number, 1, 1, TF(ucPlateColor), true, true},
+    {kT, 0x00a1, ValueKind::Number, 1, 1, TF(ucVendor00a1), true, true},  // the field after 0x00a2's
+    {kT, 0x00a2, ValueKind::Number, 1, 1, TF(ucVendor00a2), true, true},
+    {kT, 0x0023, ValueKind::Text, 31, 0, TF(szSlaveApn), true, true},  // shared with 0xf120
+    {kT, 0xf120, ValueKind::Text, 31, 0, TF(szSlaveApn), true, true},
     {kT, 0x0013, ValueKind::Text, 63, 0, TF(szMainAddr), true, true},
     {kT, 0xfe06, ValueKind::Text, 15, 0, offsetof(tagBB_CONF_ST, szVendorFe06), 16, true, true},
     {kT, 0x0076, ValueKind::List, 151, 151, TF(stAVChLookUp), true, true},
@@ -144,6 +152,27 @@ const Row kRows[] = {
 };
 // clang-format on
 
+// No two rows share record bytes (but the slave server's APN, user and password, named twice), and every field lies
+// inside its record: a row pointing at its neighbour's field shows here.
+TEST(Catalogue, FieldsDoNotOverlap) {
+    const std::pair<int, int> shared[] = {{0x0023, 0xf120}, {0x0024, 0xf121}, {0x0025, 0xf122}};
+    for (RecordKind kind : {kT, kX}) {
+        const size_t size = kind == kT ? sizeof(tagBB_CONF_ST) : sizeof(tagBBTAXI_CONF_ST);
+        std::vector<int> owner(size, 0);
+        for (const ParamInfo& p : rows_of(kind)) {
+            ASSERT_LE(p.offset + p.field_size, size) << std::hex << p.id;
+            for (size_t i = p.offset; i < p.offset + p.field_size; i++) {
+                const std::pair<int, int> both{owner[i], p.id};
+                if (owner[i] != 0 && (kind == kX || std::count(std::begin(shared), std::end(shared), both) == 0)) {
+                    ADD_FAILURE() << std::hex << "0x" << p.id << " overlaps 0x" << owner[i] << " at byte " << std::dec << i;
+                    break;
+                }
+                owner[i] = p.id;
+            }
+        }
+    }
+}
+
 TEST(Catalogue, ColumnsFollowTheRecordLayout) {
     for (const Row& r : kRows) {
         SCOPED_TRACE(testing::Message() << "ID 0x" << std::hex << r.id);
@@ -162,7 +191,27 @@ TEST(Catalogue, ColumnsFollowTheRecordLayout) {
     }
 }
 
-TEST(Catalogue, WalkIsAscendingAndAgreesWithLookup) {
+// Lists the IDs 0x0001..0xfffe whose "Not Find" on call(id) differs from the walk: "+id" found off the walk, "-id"
+// on the walk but not found.  The output is captured unmasked (megabytes of it).
+template <typename F>
+std::string found_vs(const std::vector<bool>& want, F&& call) {
+    std::fflush(stdout);
+    testing::internal::CaptureStdout();
+    for (int id = 0x0001; id <= 0xfffe; id++) call(id);
+    std::fflush(stdout);
+    const std::string out = testing::internal::GetCapturedStdout(), key = "Not Find ID:";
+    std::vector<bool> found(0x10000, true);
+    for (size_t at = out.find(key); at != std::string::npos; at = out.find(key, at + 1)) {
+        found[std::strtoul(out.c_str() + at + key.size(), nullptr, 16) & 0xffff] = false;
+    }
+    testing::Message s;
+    for (int id = 0x0001; id <= 0xfffe; id++) {
+        if (found[id] != want[id]) s << (found[id] ? " +0x" : " -0x") << std::hex << id;
+    }
+    return s.GetString();
+}
+
+TEST(Catalogue, WalkIsAscendingAndAgreesWithLookupAndDispatch) {
     EXPECT_EQ(bbconf::param_count(kT), 159);
     EXPECT_EQ(bbconf::param_count(kX), 99);
     for (RecordKind kind : {kT, kX}) {
@@ -187,6 +236,44 @@ TEST(Catalogue, WalkIsAscendingAndAgreesWithLookup) {
         EXPECT_EQ(untouched.id, 0x1234);
     }
     EXPECT_FALSE(bbconf::find_param(kX, 0xf364, &untouched));
+    // Every 16-bit ID through the terminal's get and set: found exactly on the walk, and on set only where settable
+    // (the twelve get-only IDs).
+    bbtest::Conf c;
+    output_of([&] { CMN_InitBbConfToDefault(&c.rec); });
+    std::vector<bool> want(0x10000);
+    int get_only = 0;
+    for (const ParamInfo& p : rows_of(kT)) want[p.id] = true;
+    // Zeros with room on both sides: block codecs read a whole form, the ADAS codec logs the bytes ahead.
+    std::vector<unsigned char> frame(1024, 0);
+    EXPECT_EQ(found_vs(want, [&](int id) { CMN_GetParam(&c.rec, id, frame.data() + 256, 512); }), "");
+    for (const ParamInfo& p : rows_of(kT)) {
+        if (!p.settable) want[p.id] = false, get_only++;
+    }
+    EXPECT_EQ(get_only, 12);
+    std::fill(frame.begin(), frame.end(), 0);
+    EXPECT_EQ(found_vs(want, [&](int id) { CMN_SetParam(&c.rec, id, frame.data() + 256, 0); }), "");
+}
+
+// Unknown IDs (and get-only ones on set): one line, len back on set, -1 on get, the record untouched.
+TEST(Catalogue, NotFindLinesAndResults) {
+    // clang-format off
+    const struct { int id; const char *set_id, *get_id; } cases[] = {
+        {0x0008, "8", "0x8"}, {0x10000, "10000", "0x10000"}, {-5, "fffffffb", "0xfffffffb"}, {0x0026, "26", nullptr}};
+    // clang-format on
+    for (const auto& c : cases) {
+        SCOPED_TRACE(c.id);
+        bbtest::Conf conf, before;
+        unsigned char wire[64] = {1, 2, 3, 4, 5, 6, 7, 8};
+        int r = 0;
+        EXPECT_EQ(output_of([&] { r = CMN_SetParam(&conf.rec, c.id, wire, 7); }),
+                  std::string("Err [CMN_SetParam():N] Not Find ID:") + c.set_id + " \n");
+        EXPECT_EQ(r, 7);
+        EXPECT_EQ(std::memcmp(&conf.rec, &before.rec, sizeof conf.rec), 0);
+        if (!c.get_id) continue;
+        EXPECT_EQ(output_of([&] { r = CMN_GetParam(&conf.rec, c.id, wire, sizeof wire); }),
+                  std::string("Err [CMN_GetParam():N] Not Find ID:") + c.get_id + "\n");
+        EXPECT_EQ(r, -1);
+    }
 }
 
 // A settable block's set length is the wire form its own codec answers on a get.
@@ -216,50 +303,28 @@ std::vector<unsigned char> value_of(const char* v) {
     return hex(v);
 }
 
-const std::string k21(42, '1');  // one channel entry of 0x0077
-
 // clang-format off
 const SetLine kSets[] = {
-    {kT, 0x0001, "00000102", SetResult::Stored},
     {kT, 0x0001, "0102", SetResult::WrongLength},
-    {kT, 0x0001, "0000000102", SetResult::WrongLength},
-    {kT, 0x0031, "0102", SetResult::Stored},
-    {kT, 0x0081, "002c", SetResult::Stored},
-    {kT, 0x0084, "02", SetResult::Stored},
     {kT, 0x0110, "0a0b", SetResult::WrongLength},
-    {kT, 0x0110, "0102030405060708", SetResult::Stored},
     {kT, 0xf114, "01020304050607", SetResult::WrongLength},
-    {kT, 0x0013, "'host.example'", SetResult::Stored},
-    {kT, 0x0013, "'1234567890123456789012345678901234567890123456789012345678901234'", SetResult::TooLong},
     {kT, 0x0013, "61620063", SetResult::Rejected},
     {kT, 0x0013, "6162000000", SetResult::Stored},
-    {kT, 0xc21b, "'abcdefghij'", SetResult::Stored},
-    {kT, 0xc21b, "'abcdefghijk'", SetResult::TooLong},
     {kT, 0x0076, "010203", SetResult::Stored},
     {kT, 0x0026, "'a:1'", SetResult::ReadOnly},
     {kT, 0xe138, "00", SetResult::ReadOnly},
     {kT, 0xff01, "00", SetResult::ReadOnly},
     {kT, 0xf441, "00", SetResult::ReadOnly},
     {kT, 0x0000, "00000001", SetResult::UnknownId},
-    {kT, 0x0008, "00000001", SetResult::UnknownId},
     {kT, 0xffff, "00000001", SetResult::UnknownId},
     {kT, 0x10001, "00000001", SetResult::UnknownId},
-    {kT, 0x0075, "000000000000000000000000000000000000000000", SetResult::Stored},
     {kT, 0x0075, "0000", SetResult::WrongLength},
     {kT, 0x0077, "", SetResult::WrongLength},
     {kT, 0x0077, "00", SetResult::Stored},
     {kT, 0x0077, "02111111111111111111111111111111111111111111", SetResult::WrongLength},
     {kT, 0x0077, "01111111111111111111111111111111111111111111", SetResult::Stored},
-    {kT, 0xf373, "01020304", SetResult::Stored},
-    {kT, 0xf373, "010203", SetResult::WrongLength},
-    {kT, 0xfe10, "00000000000000000000000000000000", SetResult::Stored},
-    {kX, 0x0073, "0102", SetResult::Stored},
-    {kX, 0x0073, "00000102", SetResult::WrongLength},
     {kX, 0x001d, "00000007", SetResult::Stored},
     {kX, 0x001d, "00000107", SetResult::Rejected},
-    {kX, 0x001c, "'abc'", SetResult::Stored},
-    {kX, 0x0094, "'abcde'", SetResult::Stored},
-    {kX, 0x0094, "'abcdef'", SetResult::TooLong},
     {kX, 0x0013, "61620063", SetResult::Rejected},
     {kX, 0x0077, "00", SetResult::NotStored},
     {kX, 0xf001, "00", SetResult::NotStored},

@@ -1,4 +1,4 @@
-// device_test.cpp - device identity and the bounded copies.
+// device_test.cpp - device identity and String_copy (strlcpy: libc_strlcpy_test.cpp).
 #include <cstring>
 #include <string>
 
@@ -57,21 +57,6 @@ TEST(Identity, FixedTexts) {
     EXPECT_EQ(std::string(buf, 4), "xyzw");
     EXPECT_EQ(output_of([&] { EXPECT_EQ(GetDeviceFactoryId(nullptr, 8), nullptr); }),
               "Inf [GetDeviceFactoryId():N] FactoryId:(null)\n");
-}
-
-TEST(Copies, Strlcpy) {
-    // clang-format off
-    const struct { const char* src; unsigned size, ret; std::string dst; } cases[] = {
-        {"abcdef", 4, 6, std::string("abc\0\x7f", 5)}, {"abcdef", 7, 6, std::string("abcdef\0\x7f", 8)},
-        {"abcdef", 1, 6, std::string("\0\x7f", 2)},    {"abcdef", 0, 6, "\x7f"}, {"", 5, 0, std::string("\0\x7f", 2)},
-    };
-    // clang-format on
-    for (const auto& c : cases) {
-        char dst[16];
-        std::memset(dst, 0x7f, sizeof dst);
-        EXPECT_EQ(strlcpy(dst, c.src, c.size), c.ret);
-        EXPECT_EQ(std::string(dst, c.dst.size()), c.dst);
-    }
 }
 
 // srcLen bytes are copied, NULs included, up to dstSize - 1.

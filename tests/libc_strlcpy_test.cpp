@@ -1,6 +1,7 @@
 // The public header in a translation unit whose C library declares strlcpy
 // itself: strlcpy then names the C library's function, the library's own
-// stays exported under its C++ symbol, and both copy alike.
+// stays exported under its C++ symbol and copies as before
+// (size 0, 1, cut, whole, empty source).
 #include "libc_strlcpy.h"
 // clang-format off: the C library's declaration must come first.
 #include "bbconf.h"
@@ -34,7 +35,7 @@ TEST(LibcStrlcpy, HeaderLeavesTheNameToTheCLibrary) {
     static_assert(sizeof strlcpy(b, "abc", 8) == sizeof(size_t), "the C library's strlcpy");
 }
 
-TEST(LibcStrlcpy, LibraryCopyStillExportedAndAlike) {
+TEST(LibcStrlcpy, LibraryCopyStillExported) {
     // clang-format off
     const struct { const char* src; unsigned size; size_t ret; std::string dst; } cases[] = {
         {"abcdef", 4, 6, std::string("abc\0\x7f", 5)}, {"abcdef", 7, 6, std::string("abcdef\0\x7f", 8)},
@@ -42,13 +43,10 @@ TEST(LibcStrlcpy, LibraryCopyStillExportedAndAlike) {
     };
     // clang-format on
     for (const auto& c : cases) {
-        char lib[16], libc[16];
+        char lib[16];
         std::memset(lib, 0x7f, sizeof lib);
-        std::memset(libc, 0x7f, sizeof libc);
         EXPECT_EQ(bbconf::exported_strlcpy(lib, c.src, c.size), c.ret) << c.src << " " << c.size;
-        EXPECT_EQ(strlcpy(libc, c.src, c.size), c.ret);
         EXPECT_EQ(std::string(lib, c.dst.size()), c.dst);
-        EXPECT_EQ(std::string(libc, c.dst.size()), c.dst);
     }
 }
 

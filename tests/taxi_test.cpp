@@ -1,6 +1,6 @@
-// taxi_test.cpp - the taxi record's dictionary: every taxi ID in both
-// directions, argument checks, unknown IDs, the checksum entry points and
-// the typed stubs (its reset is checked in defaults_test.cpp).
+// taxi_test.cpp - the taxi record's dictionary: argument checks, unknown IDs,
+// the checksum entry points and the typed stubs (its numbers and texts are
+// checked in frame_test.cpp, its reset in defaults_test.cpp).
 #include <algorithm>
 #include <cstring>
 #include <string>
@@ -31,79 +31,6 @@ std::string set_get(tagBBTAXI_CONF_ST* rec, int id, unsigned char* in, int len, 
         g = BBTAXI_GetParam(rec, id, out, buflen);
     });
     return std::to_string(r) + " " + std::to_string(g) + " " + said;
-}
-
-// Runs of IDs over consecutive fields, set from wire 12 34 56 78 with len 1
-// (never compared with the width) and read with bufLen 0 (not consulted):
-// the bytes stored in record order and the wire bytes read ("": silent -1).
-TEST(Taxi, EveryNumericId) {
-    using Kind = std::pair<const char*, const char*>;
-    const Kind U32 = {"78 56 34 12", "12 34 56 78"}, W16 = {"34 12 00 00", "00 00 12 34"}, U16 = {"34 12", "12 34"},
-               U8 = {"12", "12"}, LOW = {"78", ""};
-    // clang-format off
-    const struct { int first, last, off; Kind k; } runs[] = {
-        {0x0001, 0x0005, 0, U32},   {0x0018, 0x0019, 340, U32}, {0x001b, 0x001b, 380, U32},
-        {0x001d, 0x001d, 416, LOW}, {0x0020, 0x0030, 417, U32}, {0x0045, 0x0048, 565, U32},
-        {0x004b, 0x004b, 613, U8},  {0x0050, 0x0053, 614, U32}, {0x0055, 0x005a, 630, U32},
-        {0x0070, 0x0072, 654, U32}, {0x0073, 0x0073, 666, W16}, {0x0074, 0x0074, 670, U32},
-        {0x0080, 0x0080, 674, U32}, {0x0081, 0x0082, 678, W16}, {0x00a0, 0x00a3, 763, U8},
-        {0x00af, 0x00af, 767, U16}, {0x00b0, 0x00b0, 769, U8},  {0x00b5, 0x00b5, 930, U32},
-    };
-    // clang-format on
-    for (const auto& run : runs) {
-        const size_t width = hex(run.k.first).size(), n = hex(run.k.second).size();
-        for (int id = run.first; id <= run.last; id++) {
-            SCOPED_TRACE(id);
-            Bytes t = record();
-            unsigned char out[6] = {0xee, 0xee, 0xee, 0xee, 0xee, 0xee};
-            EXPECT_EQ(set_get(taxi(t), id, kWire, 1, out, 0), n ? "1 " + std::to_string(n) + " " : "1 -1 ");
-            EXPECT_EQ(to_hex(t.data() + run.off + (width == 1 ? 1 : 4) * (id - run.first), width), run.k.first);
-            EXPECT_EQ(to_hex(out, n + 1), n ? std::string(run.k.second) + " ee" : "ee");
-        }
-    }
-}
-
-// Text IDs, quiet throughout.  r: raw bytes without a terminator, the old
-// tail stays; t: terminated; s: raw and set only; f: terminated, and a value
-// as long as the field is admitted with its last byte cut.
-TEST(Taxi, EveryTextId) {
-    // clang-format off
-    const struct { int id, off, width; char kind; } cases[] = {
-        {0x0010, 20, 32, 'r'},  {0x0011, 52, 32, 'r'},  {0x0012, 84, 32, 'r'},  {0x0013, 116, 64, 't'},
-        {0x0014, 180, 32, 'r'}, {0x0015, 212, 32, 'r'}, {0x0016, 244, 32, 'r'}, {0x0017, 276, 64, 't'},
-        {0x001a, 348, 32, 'r'}, {0x001c, 384, 32, 's'}, {0x0040, 485, 16, 't'}, {0x0041, 501, 16, 't'},
-        {0x0042, 517, 16, 't'}, {0x0043, 533, 16, 't'}, {0x0044, 549, 16, 't'}, {0x0049, 581, 16, 'r'},
-        {0x004a, 597, 16, 'r'}, {0x0090, 686, 2, 'r'},  {0x0091, 688, 5, 'r'},  {0x0092, 693, 32, 'r'},
-        {0x0093, 725, 32, 'r'}, {0x0094, 757, 6, 'f'},  {0x00b1, 770, 32, 'r'}, {0x00b2, 802, 32, 'r'},
-        {0x00b3, 834, 32, 'r'}, {0x00b4, 866, 64, 'r'},
-    };
-    // clang-format on
-    unsigned char text[70], xyz[] = {'X', 'Y', 'Z'};
-    for (int i = 0; i < 70; i++) text[i] = static_cast<unsigned char>('a' + i % 26);
-    for (const auto& c : cases) {
-        SCOPED_TRACE(c.id);
-        const bool term = c.kind == 't' || c.kind == 'f';
-        const int lim = c.kind == 'f' ? c.width : c.width - 1, kept = c.width - 1;
-        Bytes t = record(), before = t;
-        const std::string said = output_of([&] {
-            // One over the limit, or negative: nothing stored.
-            EXPECT_EQ(BBTAXI_SetParam(taxi(t), c.id, text, lim + 1), lim + 1);
-            EXPECT_EQ(BBTAXI_SetParam(taxi(t), c.id, text, -1), -1);
-            EXPECT_EQ(t, before);
-            EXPECT_EQ(BBTAXI_SetParam(taxi(t), c.id, text, lim), lim);
-            EXPECT_EQ(to_hex(t.data() + c.off, c.width), to_hex(text, kept) + (term ? " 00" : " 5a"));
-            t[c.off + kept] = 0;  // as a reset leaves it, so that the get ends there
-            for (int buflen : {c.width + 5, 3, 1, 0}) {
-                unsigned char out[70];
-                const int n = c.kind == 's' || buflen < 1 ? -1 : std::min(kept, buflen - 1);
-                EXPECT_EQ(BBTAXI_GetParam(taxi(t), c.id, out, buflen), n) << buflen;
-                EXPECT_EQ(std::memcmp(out, text, std::max(n, 0)), 0);
-            }
-            BBTAXI_SetParam(taxi(t), c.id, xyz, 1);
-            EXPECT_EQ(to_hex(t.data() + c.off, kept > 1 ? 3 : 1), kept == 1 ? "58" : term ? "58 00 63" : "58 62 63");
-        });
-        EXPECT_EQ(said, "");
-    }
 }
 
 // The ID is checked first, then the buffer, then the record; 0xffff is not
