@@ -69,12 +69,8 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     bbfuzz::silence_stdout();
     static tagBB_CONF_ST terminal;
     static tagBBTAXI_CONF_ST taxi;
-    static bool ready = false;
-    if (!ready) {
-        CMN_InitBbConfToDefault(&terminal);
-        BBTAXI_InitToDefault(&taxi);
-        ready = true;
-    }
+    static const bool ready = (CMN_InitBbConfToDefault(&terminal), BBTAXI_InitToDefault(&taxi), true);
+    (void)ready;
     bbfuzz::ExactBuffer in(0, size, std::vector<uint8_t>(data, data + size));
 
     bbconf::ListFault f;
