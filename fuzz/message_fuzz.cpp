@@ -75,13 +75,10 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
 
     bbconf::ListFault f;
     const bool well_formed = bbconf::check_list(in.data(), size, &f) == bbconf::ListError::None;
-    if (well_formed) {
-        size_t pos = 0;
-        int items = 0;
-        bbconf::ListItem item;
-        while (bbconf::next_item(in.data(), size, &pos, &item)) items++;
-        check(items == f.declared && pos == (items ? size : 0));
-    }
+    size_t pos = 0;
+    int items = 0;
+    for (bbconf::ListItem item; well_formed && bbconf::next_item(in.data(), size, &pos, &item);) items++;
+    check(!well_formed || (items == f.declared && pos == (items ? size : 0)));
     apply_both_ways(terminal, in.data(), size, well_formed);
     apply_both_ways(taxi, in.data(), size, well_formed);
     static tagBB_CONF_ST asked;
