@@ -69,23 +69,16 @@ extern "C" int LLVMFuzzerTestOneInput(const uint8_t* data, size_t size) {
     bbfuzz::silence_stdout();
     static tagBB_CONF_ST terminal;
     static tagBBTAXI_CONF_ST taxi;
-    static bool ready = false;
-    if (!ready) {
-        CMN_InitBbConfToDefault(&terminal);
-        BBTAXI_InitToDefault(&taxi);
-        ready = true;
-    }
+    static const bool ready = (CMN_InitBbConfToDefault(&terminal), BBTAXI_InitToDefault(&taxi), true);
+    (void)ready;
     bbfuzz::ExactBuffer in(0, size, std::vector<uint8_t>(data, data + size));
 
     bbconf::ListFault f;
     const bool well_formed = bbconf::check_list(in.data(), size, &f) == bbconf::ListError::None;
-    if (well_formed) {
-        size_t pos = 0;
-        int items = 0;
-        bbconf::ListItem item;
-        while (bbconf::next_item(in.data(), size, &pos, &item)) items++;
-        check(items == f.declared && pos == (items ? size : 0));
-    }
+    size_t pos = 0;
+    int items = 0;
+    for (bbconf::ListItem item; well_formed && bbconf::next_item(in.data(), size, &pos, &item);) items++;
+    check(!well_formed || (items == f.declared && pos == (items ? size : 0)));
     apply_both_ways(terminal, in.data(), size, well_formed);
     apply_both_ways(taxi, in.data(), size, well_formed);
     static tagBB_CONF_ST asked;
